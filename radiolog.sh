@@ -1,0 +1,33 @@
+#!/usr/bin/env bash
+# Carancho Radiolog: installs what is missing, builds, and starts the logbook.
+#   ./radiolog.sh        build and start
+#   ./radiolog.sh test   build and run every test headless
+set -euo pipefail
+cd "$(dirname "$0")"
+
+PAQUETES=(cmake ninja-build g++ pkg-config
+          qt6-base-dev qt6-qpa-plugins libqt6sql6-sqlite qt6-serialport-dev
+          qt6-multimedia-dev gstreamer1.0-plugins-base gstreamer1.0-plugins-good
+          qt6-translations-l10n libbenchmark-dev)
+
+faltan=()
+for p in "${PAQUETES[@]}"; do
+    dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || faltan+=("$p")
+done
+if [ ${#faltan[@]} -gt 0 ]; then
+    echo "Instalando: ${faltan[*]}"
+    SUDO=""
+    [ "$(id -u)" -ne 0 ] && SUDO="sudo"
+    $SUDO apt-get update -qq
+    DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y --no-install-recommends "${faltan[@]}"
+fi
+
+cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
+cmake --build build --parallel "$(nproc)"
+
+if [ "${1:-}" = "test" ]; then
+    export QT_QPA_PLATFORM=offscreen
+    ctest --test-dir build --output-on-failure --parallel "$(nproc)"
+else
+    exec ./build/carancho-radiolog
+fi

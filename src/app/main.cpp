@@ -1,0 +1,66 @@
+// Carancho Radiolog: the composition root. Builds the services and the context, opens
+// the store and shows Form1, the window that ends the program.
+
+#include "logcore/Contexto.h"
+#include "logcore/Form1.h"
+#include "platform/BombaQt.h"
+#include "platform/ClienteWebQt.h"
+#include "platform/DialogosQt.h"
+#include "platform/EscritorioQt.h"
+#include "platform/LineaSerieQt.h"
+#include "platform/RelojSistema.h"
+#include "platform/ReproductorQt.h"
+
+#include <QApplication>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
+
+namespace {
+
+// Qt's own Spanish for the standard buttons and dialogs: "Sí", "No", "Cancelar".
+void CargarTraducciones(QApplication &app)
+{
+    const QString carpeta = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+    for (const char *nombre : {"qtbase_es", "qt_es", "qtmultimedia_es", "qtserialport_es"}) {
+        auto *t = new QTranslator(&app);
+        if (t->load(QString::fromLatin1(nombre), carpeta))
+            app.installTranslator(t);
+        else
+            delete t;
+    }
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("carancho-radiolog"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Carancho Radiolog"));
+    QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Argentina));
+    CargarTraducciones(app);
+
+    Servicios servicios;
+    servicios.dialogos = std::make_unique<DialogosQt>();
+    servicios.escritorio = std::make_unique<EscritorioQt>();
+    servicios.web = std::make_unique<ClienteWebQt>();
+    servicios.reloj = std::make_unique<RelojSistema>();
+    servicios.bomba = std::make_unique<BombaQt>();
+    servicios.puertoPTT = std::make_unique<LineaSerieQt>();
+    servicios.puertoCW = std::make_unique<LineaSerieQt>();
+    servicios.reproductor = std::make_unique<ReproductorQt>();
+
+    Contexto contexto(Contexto::CarpetaPorDefecto(), std::move(servicios));
+    QString fallo = contexto.PrepararCarpeta();
+    if (fallo.isEmpty())
+        fallo = contexto.AbrirAlmacen();
+    if (!fallo.isEmpty()) {
+        contexto.dialogos().Alto(fallo + QStringLiteral("\r\n\r\nCarancho Radiolog se cerrará."));
+        return 1;
+    }
+
+    Form1 ventana(contexto);
+    ventana.show();
+    return app.exec();
+}
