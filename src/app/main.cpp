@@ -37,7 +37,6 @@ int main(int argc, char *argv[])
 {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("carancho-radiolog"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Carancho Radiolog"));
     QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Argentina));
     CargarTraducciones(app);
 

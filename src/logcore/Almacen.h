@@ -36,8 +36,7 @@ public:
     // A contest QSO into Tabla2. Operador and Argento stay unset.
     qint64 AgregarQSOConcurso(const FilaConcurso &fila);
     // The import staging table Tabla3: reports cut to 3, Obs to 100, grids trimmed.
-    qint64 AgregarQSOEspera(const RegistroQSO &qso, const QString &dupe,
-                            const QString &logenUso);
+    qint64 AgregarQSOEspera(const RegistroQSO &qso, const QString &dupe, const QString &logenUso);
     // A placeholder row: only "Nombre Log" set, so the log exists with no QSOs.
     qint64 AgregarLogVacio(const QString &log);
 
@@ -54,6 +53,12 @@ public:
     // Brings an older file to the current layout; harmless when repeated.
     void ActualizarEsquema();
     bool ExisteLogConcurso(const QString &log);
+
+    // Many writes as one (an import, a load of Tabla3): all reach the disk together,
+    // far faster than one commit per row. Not nested.
+    bool IniciarTransaccion();
+    bool ConfirmarTransaccion();
+    bool DeshacerTransaccion();
 
     // ---- Reading ------------------------------------------------------------------
     // Names of the logs, placeholder-only logs included, case-insensitive order.
@@ -87,10 +92,9 @@ public:
                                 const QString &myCall, const QString &estacion);
     // The filtered list of the search window: QSOs of the log, newest first, optionally
     // only those of one own callsign and/or one operator (empty filter = any).
-    QVector<FilaQSO> BuscarQSOs(const QString &log, const QString &myCall,
-                                const QString &operador);
+    QVector<FilaQSO> BuscarQSOs(const QString &log, const QString &myCall, const QString &operador);
     // The export search: LIKE patterns with * and ? wildcards (empty = any),
-    // Obs matched as "*texto", optionally only satellite QSOs; oldest first.
+    // Obs matched anywhere ("*texto*"), optionally only satellite QSOs; oldest first.
     struct FiltroExportacion
     {
         QString myCall, operador, estacion, modo, banda, obs;
@@ -102,14 +106,13 @@ public:
 
     // Contest logs.
     QStringList LogsConcurso();
-    QVector<FilaConcurso> LogConcurso(const QString &log); // insertion order
-    QStringList SatelitesDeConcurso(const QString &log);   // distinct Nombre_Sat
+    QVector<FilaConcurso> LogConcurso(const QString &log);   // insertion order
+    QStringList SatelitesDeConcurso(const QString &log);     // distinct Nombre_Sat
     QVector<FilaConcurso> VistaConcurso(const QString &log); // Modo<>'', id descending
     QVector<FilaConcurso> LogConcursoOrdenado(const QString &log, bool ascendente);
     QVector<FilaConcurso> ConcursoPorModoBanda(const QString &log, const QString &modo,
                                                const QString &banda);
-    QVector<FilaConcurso> ConcursoPorModoBandaEstacion(const QString &log,
-                                                       const QString &modo,
+    QVector<FilaConcurso> ConcursoPorModoBandaEstacion(const QString &log, const QString &modo,
                                                        const QString &banda,
                                                        const QString &estacion);
 

@@ -1,5 +1,6 @@
 #include "logcore/Contexto.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QStandardPaths>
@@ -10,6 +11,7 @@ Contexto::Contexto(const QString &carpetaPrograma, Servicios servicios)
     , servicios_(std::move(servicios))
 {
     QDir().mkpath(carpeta_);
+    Terminar = [](int codigo) { QCoreApplication::exit(codigo); };
     direcciones_ = DireccionesWeb::Leer(Archivo(QStringLiteral("servicios.ini")));
 }
 

@@ -14,6 +14,7 @@
 #include "platform/Reproductor.h"
 
 #include <QString>
+#include <functional>
 #include <memory>
 
 struct Servicios
@@ -60,15 +61,21 @@ public:
 
     // ---- The program's globals ----------------------------------------------------
     QString VersionPrograma = QStringLiteral("2.1.03 (Beta)");
-    QString LogenUso;              // the log in use
+    QString LogenUso;                // the log in use
     bool IniciandoPrincipal = false; // true during the load of Form1
-    bool ConfigInicial = false;    // first start: no config.ini was found
-    bool RelojActivo = false;      // set by the first tick of the clock
-    bool CierreListo = false;      // the closing run has sent its last message
+    bool ConfigInicial = false;      // first start: no config.ini was found
+    bool RelojActivo = false;        // set by the first tick of the clock
+    bool CierreListo = false;        // the closing run has sent its last message
     int TicksCierre = 0;
-    int CampoConFoco = 0;          // entry field with the focus, 1..8
-    bool CargandoEdicion = false;  // Form5 is being filled
-    QString OrigenEdicion;         // window that opened Form5
+    int CampoConFoco = 0;         // entry field with the focus, 1..8
+    bool CargandoEdicion = false; // Form5 is being filled
+    QString OrigenEdicion;        // window that opened Form5
+    bool EsperaLista = false;     // the short wait of the national lookup is over
+    bool PulsoTimer10 = false;    // the fast tick that upload runs wait on
+
+    // Ends the program at once (the first start cancelled, the closing run done).
+    // main.cpp leaves the event loop; a test replaces it to see that it was asked.
+    std::function<void(int)> Terminar;
 
 private:
     QString carpeta_;

@@ -1,0 +1,279 @@
+// Speed of the store on a large log: the bulk insert, the count, the pages of the log view,
+// the list of logs and the callsign history.
+//
+//   bench_almacen [filas] [--benchmark_filter=...]
+//
+// filas is the size of the main log (1,000,000 by default); a small number gives a quick run.
+// The database is built once in a temporary folder, with the main log, five middle-sized
+// logs and a hundred small ones.
+
+#include "logcore/Almacen.h"
+
+#include <QCoreApplication>
+#include <QDate>
+#include <QElapsedTimer>
+#include <QTemporaryDir>
+#include <benchmark/benchmark.h>
+#include <cstdio>
+#include <cstring>
+#include <vector>
+
+namespace {
+
+const QString kLog = QStringLiteral("Principal");
+
+Almacen *g_almacen = nullptr;
+QString g_archivo;
+qint64 g_filas = 1000000;
+
+// A QSO of row i: a minute apart, 12 call areas and 26^3 suffixes, so that a call has a
+// handful of QSOs in a million and a three-letter prefix some hundreds.
+RegistroQSO Qso(qint64 i)
+{
+    // Three QSOs share each minute; the date text is made once per day.
+    static const QDate inicio(2005, 1, 1);
+    static qint64 diaHecho = -1;
+    static QString fecha;
+    const qint64 minuto = i / 3;
+    if (minuto / 1440 != diaHecho) {
+        diaHecho = minuto / 1440;
+        fecha = inicio.addDays(diaHecho).toString(QStringLiteral("dd/MM/yyyy"));
+    }
+    RegistroQSO q;
+    const int n = int(i * 7919 % (10 * 26 * 26 * 26));
+    const char16_t senal[] = {u'L',
+                              u'U',
+                              char16_t(u'0' + n % 10),
+                              char16_t(u'A' + n / 10 % 26),
+                              char16_t(u'A' + n / 260 % 26),
+                              char16_t(u'A' + n / 6760 % 26)};
+    q.Estacion = QString::fromUtf16(senal, 6);
+    q.Banda = QStringLiteral("40m");
+    q.Modo = (i % 3) ? QStringLiteral("SSB") : QStringLiteral("CW");
+    q.RSE = QStringLiteral("59");
+    q.RSR = QStringLiteral("57");
+    q.Fecha = fecha;
+    q.Hora = QStringLiteral("%1:%2:00")
+                 .arg(minuto % 1440 / 60, 2, 10, QLatin1Char('0'))
+                 .arg(minuto % 60, 2, 10, QLatin1Char('0'));
+    q.MyCall = QStringLiteral("LU9DCE");
+    q.Operador = QStringLiteral("LU9DCE");
+    q.Frecuencia = QStringLiteral("7.150");
+    q.MiGrid = QStringLiteral("GF05");
+    return q;
+}
+
+void Construir()
+{
+    Almacen &a = *g_almacen;
+    QElapsedTimer reloj;
+    reloj.start();
+    a.IniciarTransaccion();
+    a.AgregarLogVacio(kLog);
+    for (qint64 i = 0; i < g_filas; ++i)
+        a.AgregarQSO(Qso(i), kLog);
+    const double filas = reloj.nsecsElapsed() / 1e9;
+    a.ConfirmarTransaccion();
+    const double segundos = reloj.nsecsElapsed() / 1e9;
+    std::printf("Alta de %lld QSOs en una transacción: %.2f s (%.0f filas/s), de ellos "
+                "%.2f s el COMMIT\n",
+                static_cast<long long>(g_filas), segundos, g_filas / segundos, segundos - filas);
+
+    a.IniciarTransaccion();
+    for (int l = 0; l < 5; ++l)
+        for (int i = 0; i < 10000; ++i)
+            a.AgregarQSO(Qso(i), QStringLiteral("Mediano %1").arg(l));
+    for (int l = 0; l < 100; ++l) {
+        const QString nombre = QStringLiteral("Log %1").arg(l, 3, 10, QLatin1Char('0'));
+        a.AgregarLogVacio(nombre);
+        for (int i = 0; i < 10; ++i)
+            a.AgregarQSO(Qso(i), nombre);
+    }
+    a.ConfirmarTransaccion();
+    std::printf("Base: %lld QSOs en %lld logs\n", static_cast<long long>(g_filas + 50000 + 1000),
+                static_cast<long long>(a.Logs().size()));
+    std::fflush(stdout);
+}
+
+qint64 UltimaFila(qint64 total)
+{
+    return total == 0 ? 1 : (total - 1) / 20 * 20 + 1;
+}
+
+qint64 FilaDelMedio()
+{
+    return (g_filas / 2) / 20 * 20 + 1;
+}
+
+void BM_CantidadQSOs(benchmark::State &estado)
+{
+    for (auto _ : estado)
+        benchmark::DoNotOptimize(g_almacen->CantidadQSOs(kLog));
+}
+
+void BM_PrimeraPagina(benchmark::State &estado)
+{
+    for (auto _ : estado) {
+        const qint64 total = g_almacen->CantidadQSOs(kLog);
+        benchmark::DoNotOptimize(total);
+        benchmark::DoNotOptimize(g_almacen->PaginaLog(kLog, 1));
+    }
+}
+
+void BM_UltimaPagina(benchmark::State &estado)
+{
+    for (auto _ : estado) {
+        const qint64 total = g_almacen->CantidadQSOs(kLog);
+        benchmark::DoNotOptimize(g_almacen->PaginaLog(kLog, UltimaFila(total)));
+    }
+}
+
+// Page after page from the middle, each with its count, as the "Siguiente" button does.
+void BM_SiguienteEnElMedio(benchmark::State &estado)
+{
+    qint64 fila = FilaDelMedio();
+    g_almacen->PaginaLog(kLog, fila);
+    for (auto _ : estado) {
+        fila += 20;
+        if (fila + 40 > g_filas) {
+            estado.PauseTiming();
+            fila = FilaDelMedio();
+            g_almacen->PaginaLog(kLog, fila);
+            fila += 20;
+            estado.ResumeTiming();
+        }
+        const qint64 total = g_almacen->CantidadQSOs(kLog);
+        benchmark::DoNotOptimize(total);
+        benchmark::DoNotOptimize(g_almacen->PaginaLog(kLog, fila));
+    }
+}
+
+void BM_AnteriorEnElMedio(benchmark::State &estado)
+{
+    qint64 fila = FilaDelMedio();
+    g_almacen->PaginaLog(kLog, fila);
+    for (auto _ : estado) {
+        fila -= 20;
+        if (fila < 21) {
+            estado.PauseTiming();
+            fila = FilaDelMedio();
+            g_almacen->PaginaLog(kLog, fila);
+            fila -= 20;
+            estado.ResumeTiming();
+        }
+        const qint64 total = g_almacen->CantidadQSOs(kLog);
+        benchmark::DoNotOptimize(total);
+        benchmark::DoNotOptimize(g_almacen->PaginaLog(kLog, fila));
+    }
+}
+
+// A jump to page N in the middle: the worst case of an offset, half the log from either end.
+void BM_SaltoAlMedio(benchmark::State &estado)
+{
+    int vuelta = 0;
+    for (auto _ : estado) {
+        const qint64 fila = FilaDelMedio() + (vuelta++ % 2) * 2000;
+        const qint64 total = g_almacen->CantidadQSOs(kLog);
+        benchmark::DoNotOptimize(total);
+        benchmark::DoNotOptimize(g_almacen->PaginaLog(kLog, fila));
+    }
+}
+
+// A jump to a page near the top, as from page 1 to page 50.
+void BM_SaltoCerca(benchmark::State &estado)
+{
+    int vuelta = 0;
+    for (auto _ : estado) {
+        const qint64 fila = 981 + (vuelta++ % 2) * 200;
+        benchmark::DoNotOptimize(g_almacen->PaginaLog(kLog, fila));
+    }
+}
+
+void BM_LogsConCantidad(benchmark::State &estado)
+{
+    for (auto _ : estado)
+        benchmark::DoNotOptimize(g_almacen->LogsConCantidad());
+}
+
+void BM_HistorialDe(benchmark::State &estado)
+{
+    const QString senal = Qso(g_filas / 2).Estacion;
+    size_t filas = 0;
+    for (auto _ : estado)
+        filas = g_almacen->HistorialDe(kLog, senal).size();
+    estado.counters["filas"] = double(filas);
+}
+
+void BM_HistorialPrefijo(benchmark::State &estado)
+{
+    const QString prefijo = Qso(g_filas / 2).Estacion.left(5);
+    size_t filas = 0;
+    for (auto _ : estado)
+        filas = g_almacen->HistorialDe(kLog, prefijo).size();
+    estado.counters["filas"] = double(filas);
+}
+
+// Opening the file again and showing the first page, as at start-up (file in the OS cache).
+void BM_AbrirYPrimeraPagina(benchmark::State &estado)
+{
+    for (auto _ : estado) {
+        g_almacen->Cerrar();
+        g_almacen->Abrir(g_archivo);
+        benchmark::DoNotOptimize(g_almacen->CantidadQSOs(kLog));
+        benchmark::DoNotOptimize(g_almacen->PaginaLog(kLog, 1));
+    }
+}
+
+// One QSO typed in the main window: its own commit, on disk before it is shown.
+void BM_AgregarUnQSO(benchmark::State &estado)
+{
+    qint64 i = g_filas;
+    for (auto _ : estado)
+        benchmark::DoNotOptimize(g_almacen->AgregarQSO(Qso(i++), kLog));
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QCoreApplication app(argc, argv);
+    // The size is the first argument that is not a flag of the benchmark library.
+    std::vector<char *> args;
+    for (int i = 0; i < argc; ++i) {
+        if (i > 0 && argv[i][0] != '-') {
+            g_filas = std::max(1LL, std::atoll(argv[i]));
+            continue;
+        }
+        args.push_back(argv[i]);
+    }
+    int cuantos = int(args.size());
+    benchmark::Initialize(&cuantos, args.data());
+
+    QTemporaryDir carpeta;
+    g_archivo = carpeta.filePath(QStringLiteral("base0.db"));
+    Almacen almacen;
+    g_almacen = &almacen;
+    const QString mensaje = almacen.Abrir(g_archivo);
+    if (!mensaje.isEmpty()) {
+        std::fprintf(stderr, "%s\n", qPrintable(mensaje));
+        return 1;
+    }
+    Construir();
+
+    const auto ms = benchmark::kMicrosecond;
+    benchmark::RegisterBenchmark("CantidadQSOs", BM_CantidadQSOs)->Unit(ms);
+    benchmark::RegisterBenchmark("PrimeraPagina", BM_PrimeraPagina)->Unit(ms);
+    benchmark::RegisterBenchmark("UltimaPagina", BM_UltimaPagina)->Unit(ms);
+    benchmark::RegisterBenchmark("SiguienteEnElMedio", BM_SiguienteEnElMedio)->Unit(ms);
+    benchmark::RegisterBenchmark("AnteriorEnElMedio", BM_AnteriorEnElMedio)->Unit(ms);
+    benchmark::RegisterBenchmark("SaltoAlMedio", BM_SaltoAlMedio)->Unit(ms);
+    benchmark::RegisterBenchmark("SaltoCerca", BM_SaltoCerca)->Unit(ms);
+    benchmark::RegisterBenchmark("LogsConCantidad", BM_LogsConCantidad)->Unit(ms);
+    benchmark::RegisterBenchmark("HistorialDe", BM_HistorialDe)->Unit(ms);
+    benchmark::RegisterBenchmark("HistorialPrefijo", BM_HistorialPrefijo)->Unit(ms);
+    benchmark::RegisterBenchmark("AbrirYPrimeraPagina", BM_AbrirYPrimeraPagina)->Unit(ms);
+    benchmark::RegisterBenchmark("AgregarUnQSO", BM_AgregarUnQSO)->Unit(ms);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}

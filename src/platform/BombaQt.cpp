@@ -1,0 +1,8 @@
+#include "platform/BombaQt.h"
+
+#include <QCoreApplication>
+
+void BombaQt::Bombear()
+{
+    QCoreApplication::processEvents();
+}

@@ -1,0 +1,6 @@
+#include "platform/RelojSistema.h"
+
+QDateTime RelojSistema::Ahora() const
+{
+    return QDateTime::currentDateTime();
+}

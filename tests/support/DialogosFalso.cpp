@@ -1,0 +1,121 @@
+#include "support/DialogosFalso.h"
+
+#include <algorithm>
+
+namespace {
+
+template<typename T> T Siguiente(QQueue<T> &cola, T porDefecto)
+{
+    return cola.isEmpty() ? porDefecto : cola.dequeue();
+}
+
+} // namespace
+
+const char *NombreTipo(LlamadaDialogo::Tipo tipo)
+{
+    switch (tipo) {
+    case LlamadaDialogo::Tipo::Exclamacion:
+        return "Exclamacion";
+    case LlamadaDialogo::Tipo::Alto:
+        return "Alto";
+    case LlamadaDialogo::Tipo::Informacion:
+        return "Informacion";
+    case LlamadaDialogo::Tipo::PreguntaSiNo:
+        return "PreguntaSiNo";
+    case LlamadaDialogo::Tipo::AceptarCancelar:
+        return "AceptarCancelar";
+    case LlamadaDialogo::Tipo::Entrada:
+        return "Entrada";
+    case LlamadaDialogo::Tipo::AbrirArchivo:
+        return "AbrirArchivo";
+    case LlamadaDialogo::Tipo::GuardarArchivo:
+        return "GuardarArchivo";
+    }
+    return "?";
+}
+
+void DialogosFalso::Registrar(Tipo tipo, const QString &texto, const QString &titulo,
+                              const QString &extra)
+{
+    // A copy for the callback: it may open another message and grow the list.
+    const LlamadaDialogo llamada{tipo, texto, titulo, extra};
+    llamadas.append(llamada);
+    if (alLlegar)
+        alLlegar(llamada);
+}
+
+void DialogosFalso::Exclamacion(const QString &texto, const QString &titulo)
+{
+    Registrar(Tipo::Exclamacion, texto, titulo);
+}
+
+void DialogosFalso::Alto(const QString &texto, const QString &titulo)
+{
+    Registrar(Tipo::Alto, texto, titulo);
+}
+
+void DialogosFalso::Informacion(const QString &texto, const QString &titulo)
+{
+    Registrar(Tipo::Informacion, texto, titulo);
+}
+
+bool DialogosFalso::PreguntaSiNo(const QString &texto, const QString &titulo)
+{
+    Registrar(Tipo::PreguntaSiNo, texto, titulo);
+    return Siguiente(respuestasSiNo, false);
+}
+
+bool DialogosFalso::AceptarCancelar(const QString &texto, const QString &titulo)
+{
+    Registrar(Tipo::AceptarCancelar, texto, titulo);
+    return Siguiente(respuestasAceptar, false);
+}
+
+std::optional<QString> DialogosFalso::Entrada(const QString &texto, const QString &titulo,
+                                              const QString &porDefecto)
+{
+    Registrar(Tipo::Entrada, texto, titulo, porDefecto);
+    return Siguiente(entradas, std::optional<QString>());
+}
+
+QString DialogosFalso::AbrirArchivo(const QString &titulo, const QString &carpeta,
+                                    const QString &filtro)
+{
+    Registrar(Tipo::AbrirArchivo, filtro, titulo, carpeta);
+    return Siguiente(archivosAbrir, QString());
+}
+
+QString DialogosFalso::GuardarArchivo(const QString &titulo, const QString &carpeta,
+                                      const QString &filtro)
+{
+    Registrar(Tipo::GuardarArchivo, filtro, titulo, carpeta);
+    return Siguiente(archivosGuardar, QString());
+}
+
+QStringList DialogosFalso::Textos() const
+{
+    QStringList textos;
+    for (const auto &l : llamadas)
+        textos << l.texto;
+    return textos;
+}
+
+QStringList DialogosFalso::Textos(Tipo tipo) const
+{
+    QStringList textos;
+    for (const auto &l : llamadas)
+        if (l.tipo == tipo)
+            textos << l.texto;
+    return textos;
+}
+
+int DialogosFalso::Cantidad(Tipo tipo) const
+{
+    return int(std::count_if(llamadas.cbegin(), llamadas.cend(),
+                             [tipo](const LlamadaDialogo &l) { return l.tipo == tipo; }));
+}
+
+QString DialogosFalso::UltimoTexto() const
+{
+    return llamadas.isEmpty() ? QString() : llamadas.last().texto;
+}

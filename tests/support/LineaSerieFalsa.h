@@ -1,0 +1,27 @@
+#pragma once
+// A serial line for tests. Records every open and every change of DTR and RTS while open,
+// as "DTR1", "RTS0", …; the ports named in puertosQueFallan do not open.
+
+#include "platform/LineaSerie.h"
+
+class LineaSerieFalsa : public LineaSerie
+{
+public:
+    bool Abrir(const QString &puerto) override;
+    void Cerrar() override;
+    bool Abierta() const override { return abierta_; }
+    QString Puerto() const override { return puerto_; }
+    void PonerDTR(bool encendido) override;
+    void PonerRTS(bool encendido) override;
+
+    QStringList aperturas; // every port asked for, opened or not
+    QStringList historial; // "DTR1", "RTS0", … in order, only while open
+    int cierres = 0;       // closes of an open line
+    bool dtr = false;
+    bool rts = false;
+    QStringList puertosQueFallan; // compared without case: "com3" fails like "COM3"
+
+private:
+    bool abierta_ = false;
+    QString puerto_;
+};

@@ -1,0 +1,14 @@
+#pragma once
+// A clock that stands still until the test moves it.
+
+#include "platform/Reloj.h"
+
+class RelojFalso : public Reloj
+{
+public:
+    QDateTime Ahora() const override { return ahora; }
+    void Avanzar(qint64 milisegundos) { ahora = ahora.addMSecs(milisegundos); }
+
+    // A fixed local moment, far from midnight and from any change of date.
+    QDateTime ahora{QDate(2024, 5, 15), QTime(14, 30, 0)};
+};

@@ -1,1 +1,0 @@
-// Keeps the support libraries non-empty while they have nothing else.
