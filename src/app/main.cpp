@@ -1,6 +1,7 @@
 // Carancho Radiolog: the composition root. Builds the services and the context, opens
 // the store and shows Form1, the window that ends the program.
 
+#include "editing/Form5.h"
 #include "logcore/Contexto.h"
 #include "logcore/Form1.h"
 #include "platform/BombaQt.h"
@@ -60,6 +61,7 @@ int main(int argc, char *argv[])
     }
 
     Form1 ventana(contexto);
+    ConectarEdicion(ventana, contexto);
     ventana.show();
     return app.exec();
 }

@@ -408,16 +408,26 @@ QString Almacen::Abrir(const QString &archivo)
     }
 
     QStringList tablas;
+    QString fallo;
     {
         QSqlQuery q(d->db);
-        if (!q.exec(QStringLiteral("SELECT name FROM sqlite_master WHERE type='table' AND name "
-                                   "NOT LIKE 'sqlite\\_%' ESCAPE '\\'"))) {
-            q.finish();
-            Cerrar();
-            return noEsBase;
+        if (q.exec(QStringLiteral("SELECT name FROM sqlite_master WHERE type='table' AND name "
+                                  "NOT LIKE 'sqlite\\_%' ESCAPE '\\'"))) {
+            while (q.next())
+                tablas << q.value(0).toString();
+        } else {
+            // SQLITE_CORRUPT and SQLITE_NOTADB: not a database at all. Anything else
+            // (a lock held too long, say) is told as it is.
+            const QString codigo = q.lastError().nativeErrorCode();
+            fallo = codigo == u"11" || codigo == u"26"
+                        ? noEsBase
+                        : QStringLiteral("No se puede abrir la base de datos %1.\r\n\r\n%2")
+                              .arg(ruta, q.lastError().text());
         }
-        while (q.next())
-            tablas << q.value(0).toString();
+    }
+    if (!fallo.isEmpty()) {
+        Cerrar();
+        return fallo;
     }
     if (!tablas.isEmpty()) {
         // Ours when Tabla1 holds the columns every version had, in their order.

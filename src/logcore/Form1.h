@@ -12,6 +12,7 @@ class Contexto;
 class Form2;
 class Form18;
 class QAction;
+class QKeyEvent;
 class QCheckBox;
 class QComboBox;
 class QGroupBox;
@@ -195,6 +196,14 @@ private:
     Form18 *form18_ = nullptr;
     NavegadorPaginas nav_;
     QString paginaWeb_; // what the hidden browser shows, for its refresh
+    struct TeclaVista
+    {
+        const QKeyEvent *evento = nullptr;
+        quint64 momento = 0;
+        int tecla = 0;
+        bool operator==(const TeclaVista &) const = default;
+    };
+    TeclaVista ultimaTecla_; // the key the window handled last
     bool CtrlPulsado = false;
     bool CtrlLatch = false;
     bool cerrando_ = false;

@@ -57,11 +57,16 @@ bool Form1::eventFilter(QObject *objeto, QEvent *evento)
         auto *w = qobject_cast<QWidget *>(objeto);
         if (!w || w->window() != this)
             break;
-        // A key that no field took travels up to the window: handle it only once.
+        // A key that no field took travels up to the window: handle it only once, even
+        // when the focus moved away meanwhile (F5 opening and closing the edit window).
         QWidget *foco = QApplication::focusWidget();
         if (objeto != foco && !(foco == nullptr && objeto == this))
             break;
         auto *tecla = static_cast<QKeyEvent *>(evento);
+        const TeclaVista vista{tecla, tecla->timestamp(), tecla->key()};
+        if (vista == ultimaTecla_)
+            break;
+        ultimaTecla_ = vista;
         if (TeclaDeVentana(tecla))
             return true;
         if (auto *campo = qobject_cast<QLineEdit *>(objeto))
@@ -69,6 +74,7 @@ bool Form1::eventFilter(QObject *objeto, QEvent *evento)
         break;
     }
     case QEvent::KeyRelease:
+        ultimaTecla_ = {}; // the next press is a new key, wherever it lives in memory
         if (static_cast<QKeyEvent *>(evento)->key() == Qt::Key_Control)
             CtrlPulsado = false;
         break;

@@ -16,22 +16,24 @@
 #include <QTest>
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-RegistroQSO Qso(const QString &estacion, const QString &fecha, const QString &hora,
-                const QString &modo = QStringLiteral("SSB"))
+RegistroQSO Qso(const QString &estacion, const QString &fecha = u"01/05/2020"_s,
+                const QString &hora = u"10:00:00"_s)
 {
     RegistroQSO q;
     q.Estacion = estacion;
-    q.Banda = QStringLiteral("40m");
-    q.Modo = modo;
-    q.RSE = QStringLiteral("59");
-    q.RSR = QStringLiteral("57");
+    q.Banda = u"40m"_s;
+    q.Modo = u"SSB"_s;
+    q.RSE = u"59"_s;
+    q.RSR = u"57"_s;
     q.Fecha = fecha;
     q.Hora = hora;
-    q.MyCall = QStringLiteral("LU9DCE");
-    q.Operador = QStringLiteral("Juan");
-    q.Frecuencia = QStringLiteral("7.150");
+    q.MyCall = u"LU9DCE"_s;
+    q.Operador = u"Juan"_s;
+    q.Frecuencia = u"7.150"_s;
     return q;
 }
 
@@ -40,16 +42,15 @@ class OtraConexion
 {
 public:
     explicit OtraConexion(const QString &archivo)
+        : nombre_(u"prueba-%1"_s.arg(++cuenta_))
     {
-        static int n = 0;
-        nombre_ = QStringLiteral("prueba-%1").arg(++n);
-        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), nombre_);
+        QSqlDatabase db = QSqlDatabase::addDatabase(u"QSQLITE"_s, nombre_);
         db.setDatabaseName(archivo);
         db.open();
     }
     ~OtraConexion() { QSqlDatabase::removeDatabase(nombre_); }
-    // Runs one statement; the rows' first column as text.
-    QStringList Ejecutar(const QString &sql, const QVariantList &valores = {})
+    // Runs one statement; the first column of its rows as text.
+    QStringList operator()(const QString &sql, const QVariantList &valores = {})
     {
         QSqlQuery q(QSqlDatabase::database(nombre_));
         q.prepare(sql);
@@ -64,8 +65,17 @@ public:
     }
 
 private:
+    static inline int cuenta_ = 0;
     QString nombre_;
 };
+
+template<typename Filas> QStringList Estaciones(const Filas &filas)
+{
+    QStringList e;
+    for (const auto &f : filas)
+        e << f.Estacion;
+    return e;
+}
 
 QList<qint64> Ids(const QVector<FilaQSO> &filas)
 {
@@ -81,6 +91,8 @@ QByteArray Contenido(const QString &archivo)
     return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
 }
 
+using Cantidades = QVector<QPair<QString, qint64>>;
+
 } // namespace
 
 class TestAlmacen : public QObject
@@ -91,8 +103,7 @@ private Q_SLOTS:
     void init();
     void cleanup();
     void logsYFilasVacias();
-    void borrarLog();
-    void idsSinReuso();
+    void idsYVaciarTodo();
     void ordenDeCalendario();
     void apostrofes();
     void nulosLeidosComoVacios();
@@ -112,7 +123,7 @@ private Q_SLOTS:
     void carpetaInvalida();
 
 private:
-    QString Archivo() const { return dir_->filePath(QStringLiteral("base0.db")); }
+    QString Archivo() const { return dir_->filePath(u"base0.db"_s); }
     std::unique_ptr<QTemporaryDir> dir_;
     std::unique_ptr<Almacen> alm_;
 };
@@ -134,133 +145,95 @@ void TestAlmacen::cleanup()
 void TestAlmacen::logsYFilasVacias()
 {
     Almacen &a = *alm_;
-    QVERIFY(a.AgregarLogVacio(QStringLiteral("Log inicial")) > 0);
-    QVERIFY(a.AgregarLogVacio(QStringLiteral("concurso")) > 0);
-    a.AgregarQSO(
-        Qso(QStringLiteral("LU1ABC"), QStringLiteral("01/05/2020"), QStringLiteral("10:00:00")),
-        QStringLiteral("Concurso"));
-    a.AgregarQSO(
-        Qso(QStringLiteral("LU2XYZ"), QStringLiteral("02/05/2020"), QStringLiteral("10:00:00")),
-        QStringLiteral("CONCURSO"));
-    a.AgregarQSO(
-        Qso(QStringLiteral("CX1AA"), QStringLiteral("03/05/2020"), QStringLiteral("10:00:00")),
-        QStringLiteral("Base 1"));
+    QVERIFY(a.AgregarLogVacio(u"Log inicial"_s) > 0);
+    QVERIFY(a.AgregarLogVacio(u"concurso"_s) > 0);
+    a.AgregarQSO(Qso(u"LU1ABC"_s, u"01/05/2020"_s), u"Concurso"_s);
+    a.AgregarQSO(Qso(u"LU2XYZ"_s, u"02/05/2020"_s), u"CONCURSO"_s);
+    a.AgregarQSO(Qso(u"CX1AA"_s), u"Base 1"_s);
 
     // Names compare without regard to case, and the list is in that order.
-    QCOMPARE(a.Logs(), (QStringList{QStringLiteral("Base 1"), QStringLiteral("concurso"),
-                                    QStringLiteral("Log inicial")}));
-    const QVector<QPair<QString, qint64>> esperadas = {{QStringLiteral("Base 1"), 1},
-                                                       {QStringLiteral("concurso"), 2},
-                                                       {QStringLiteral("Log inicial"), 0}};
-    QCOMPARE(a.LogsConCantidad(), esperadas);
-    QCOMPARE(a.CantidadQSOs(QStringLiteral("LOG INICIAL")), 0);
-    QCOMPARE(a.CantidadQSOs(QStringLiteral("Concurso")), 2);
-    QCOMPARE(a.CantidadQSOs(QStringLiteral("no existe")), 0);
+    QCOMPARE(a.Logs(), (QStringList{u"Base 1"_s, u"concurso"_s, u"Log inicial"_s}));
+    QCOMPARE(a.LogsConCantidad(),
+             (Cantidades{{u"Base 1"_s, 1}, {u"concurso"_s, 2}, {u"Log inicial"_s, 0}}));
+    QCOMPARE(a.CantidadQSOs(u"LOG INICIAL"_s), 0);
+    QCOMPARE(a.CantidadQSOs(u"Concurso"_s), 2);
+    QCOMPARE(a.CantidadQSOs(u"no existe"_s), 0);
 
     // The placeholder stays out of every list of QSOs, but not out of the whole log.
-    QVERIFY(a.PaginaLog(QStringLiteral("Log inicial"), 1).isEmpty());
-    QVERIFY(!a.UltimoQSO(QStringLiteral("Log inicial")));
-    QCOMPARE(a.PaginaLog(QStringLiteral("concurso"), 1).size(), 2);
-    QCOMPARE(a.UltimoQSO(QStringLiteral("concurso"))->Estacion, QStringLiteral("LU2XYZ"));
-    QCOMPARE(a.BuscarQSOs(QStringLiteral("concurso"), {}, {}).size(), 2);
-    QCOMPARE(a.LogCompletoDescendente(QStringLiteral("concurso")).size(), 3);
+    QVERIFY(a.PaginaLog(u"Log inicial"_s, 1).isEmpty());
+    QVERIFY(!a.UltimoQSO(u"Log inicial"_s));
+    QCOMPARE(Estaciones(a.PaginaLog(u"concurso"_s, 1)), (QStringList{u"LU2XYZ"_s, u"LU1ABC"_s}));
+    QCOMPARE(a.UltimoQSO(u"concurso"_s)->Estacion, u"LU2XYZ"_s);
+    QCOMPARE(a.BuscarQSOs(u"concurso"_s, {}, {}).size(), 2);
+    QCOMPARE(a.LogCompletoDescendente(u"concurso"_s).size(), 3);
+
+    // Deleting a log takes its placeholder with it, whatever the case of the name.
+    QVERIFY(a.BorrarLog(u"CONCURSO"_s));
+    QCOMPARE(a.Logs(), (QStringList{u"Base 1"_s, u"Log inicial"_s}));
+    QCOMPARE(a.CantidadQSOs(u"concurso"_s), 0);
+    QCOMPARE(a.TodosLosQSOs().size(), 2);
 }
 
-void TestAlmacen::borrarLog()
+void TestAlmacen::idsYVaciarTodo()
 {
     Almacen &a = *alm_;
-    a.AgregarLogVacio(QStringLiteral("A"));
-    a.AgregarQSO(
-        Qso(QStringLiteral("LU1ABC"), QStringLiteral("01/05/2020"), QStringLiteral("10:00:00")),
-        QStringLiteral("A"));
-    a.AgregarLogVacio(QStringLiteral("B"));
-    QVERIFY(a.BorrarLog(QStringLiteral("a")));
-    QCOMPARE(a.Logs(), QStringList{QStringLiteral("B")});
-    QCOMPARE(a.CantidadQSOs(QStringLiteral("A")), 0);
-    QVERIFY(a.TodosLosQSOs().size() == 1);
-    QVERIFY(a.BorrarLog(QStringLiteral("B")));
-    QVERIFY(a.Logs().isEmpty());
-}
-
-void TestAlmacen::idsSinReuso()
-{
-    Almacen &a = *alm_;
-    const RegistroQSO q =
-        Qso(QStringLiteral("LU1ABC"), QStringLiteral("01/05/2020"), QStringLiteral("10:00:00"));
-    QCOMPARE(a.AgregarQSO(q, QStringLiteral("L")), 1);
-    QCOMPARE(a.AgregarQSO(q, QStringLiteral("L")), 2);
+    const RegistroQSO q = Qso(u"LU1ABC"_s);
+    const QString l = u"L"_s;
+    QCOMPARE(a.AgregarQSO(q, l), 1);
+    QCOMPARE(a.AgregarQSO(q, l), 2);
     QVERIFY(a.BorrarQSO(2));
-    QCOMPARE(a.AgregarQSO(q, QStringLiteral("L")), 3);
-    QVERIFY(a.BorrarLog(QStringLiteral("L")));
-    QCOMPARE(a.AgregarLogVacio(QStringLiteral("L")), 4);
-
+    QCOMPARE(a.AgregarQSO(q, l), 3);
+    QVERIFY(a.BorrarLog(l));
+    QCOMPARE(a.AgregarLogVacio(l), 4);
     FilaConcurso c;
-    c.NombreLog = QStringLiteral("Fiesta");
+    c.NombreLog = u"Fiesta"_s;
     QCOMPARE(a.AgregarQSOConcurso(c), 1);
     QCOMPARE(a.AgregarQSOConcurso(c), 2);
-    QCOMPARE(a.AgregarQSOEspera(q, QStringLiteral("VA"), QStringLiteral("L")), 1);
+    QCOMPARE(a.AgregarQSOEspera(q, u"VA"_s, l), 1);
 
     // "Hacer Tabla!": the three tables empty and each counter back at 1.
     QVERIFY(a.VaciarTodo());
     QVERIFY(a.Logs().isEmpty());
     QVERIFY(a.LogsConcurso().isEmpty());
     QVERIFY(a.FilasEspera().isEmpty());
-    QCOMPARE(a.AgregarQSO(q, QStringLiteral("L")), 1);
+    QCOMPARE(a.AgregarQSO(q, l), 1);
     QCOMPARE(a.AgregarQSOConcurso(c), 1);
-    QCOMPARE(a.AgregarQSOEspera(q, QStringLiteral("VA"), QStringLiteral("L")), 1);
-    QCOMPARE(a.CantidadQSOs(QStringLiteral("L")), 1);
+    QCOMPARE(a.AgregarQSOEspera(q, u"VA"_s, l), 1);
+    QCOMPARE(a.CantidadQSOs(l), 1);
 }
 
 void TestAlmacen::ordenDeCalendario()
 {
     Almacen &a = *alm_;
-    const QString log = QStringLiteral("L");
-    a.AgregarQSO(
-        Qso(QStringLiteral("A1A"), QStringLiteral("02/01/2010"), QStringLiteral("00:10:00")), log);
-    a.AgregarQSO(
-        Qso(QStringLiteral("A1B"), QStringLiteral("31/12/2009"), QStringLiteral("23:59:59")), log);
-    a.AgregarQSO(
-        Qso(QStringLiteral("A1C"), QStringLiteral("10/01/2009"), QStringLiteral("12:00:00")), log);
-    a.AgregarQSO(
-        Qso(QStringLiteral("A1D"), QStringLiteral("02/01/2010"), QStringLiteral("00:09:00")), log);
-
-    QStringList nuevosPrimero;
-    for (const FilaQSO &f : a.PaginaLog(log, 1))
-        nuevosPrimero << f.Estacion;
-    QCOMPARE(nuevosPrimero, (QStringList{QStringLiteral("A1A"), QStringLiteral("A1D"),
-                                         QStringLiteral("A1B"), QStringLiteral("A1C")}));
-    QStringList viejosPrimero;
-    for (const FilaQSO &f : a.HistorialDe(log, QStringLiteral("A1")))
-        viejosPrimero << f.Estacion;
-    QCOMPARE(viejosPrimero, (QStringList{QStringLiteral("A1C"), QStringLiteral("A1B"),
-                                         QStringLiteral("A1D"), QStringLiteral("A1A")}));
-    QCOMPARE(a.UltimoQSO(log)->Fecha, QStringLiteral("02/01/2010"));
-
+    a.AgregarQSO(Qso(u"A1A"_s, u"02/01/2010"_s, u"00:10:00"_s), u"L"_s);
+    a.AgregarQSO(Qso(u"A1B"_s, u"31/12/2009"_s, u"23:59:59"_s), u"L"_s);
+    a.AgregarQSO(Qso(u"A1C"_s, u"10/01/2009"_s, u"12:00:00"_s), u"L"_s);
+    a.AgregarQSO(Qso(u"A1D"_s, u"02/01/2010"_s, u"00:09:00"_s), u"L"_s);
+    QCOMPARE(Estaciones(a.PaginaLog(u"L"_s, 1)),
+             (QStringList{u"A1A"_s, u"A1D"_s, u"A1B"_s, u"A1C"_s}));
+    QCOMPARE(Estaciones(a.HistorialDe(u"L"_s, u"A1"_s)),
+             (QStringList{u"A1C"_s, u"A1B"_s, u"A1D"_s, u"A1A"_s}));
+    QCOMPARE(a.UltimoQSO(u"L"_s)->Fecha, u"02/01/2010"_s);
     // On disk the date is ISO, so that the sqlite3 shell sorts it the same way.
     OtraConexion otra(Archivo());
-    QCOMPARE(otra.Ejecutar(QStringLiteral("SELECT Fecha FROM Tabla1 WHERE Estacion='A1B'")),
-             QStringList{QStringLiteral("2009-12-31")});
+    QCOMPARE(otra(u"SELECT Fecha FROM Tabla1 WHERE Estacion='A1B'"_s),
+             QStringList{u"2009-12-31"_s});
 }
 
 void TestAlmacen::apostrofes()
 {
     Almacen &a = *alm_;
-    const QString log = QStringLiteral("D'Alessandro");
-    RegistroQSO q =
-        Qso(QStringLiteral("LU1ABC"), QStringLiteral("01/05/2020"), QStringLiteral("10:00:00"));
-    q.Obs = QStringLiteral("QSO con 'Pepe'");
+    const QString log = u"D'Alessandro"_s;
+    RegistroQSO q = Qso(u"LU1ABC"_s);
+    q.Obs = u"QSO con 'Pepe'"_s;
     const qint64 id = a.AgregarQSO(q, log);
-    QVERIFY(id > 0);
     QCOMPARE(a.QSOPorId(log, id)->Obs, q.Obs);
-
-    q.Obs = QStringLiteral("'Pepe' otra vez, ''dos''");
-    q.Operador = QStringLiteral("O'Brien");
+    q.Obs = u"'Pepe' otra vez, ''dos''"_s;
+    q.Operador = u"O'Brien"_s;
     QVERIFY(a.ActualizarQSO(id, q));
     const FilaQSO f = *a.QSOPorId(log, id);
     QCOMPARE(f.Obs, q.Obs);
     QCOMPARE(f.Operador, q.Operador);
-    QCOMPARE(f.NombreLog, log);
-
     QCOMPARE(a.Logs(), QStringList{log});
     QCOMPARE(a.CantidadQSOs(log), 1);
     QCOMPARE(a.PaginaLog(log, 1).size(), 1);
@@ -271,47 +244,46 @@ void TestAlmacen::apostrofes()
 void TestAlmacen::nulosLeidosComoVacios()
 {
     Almacen &a = *alm_;
-    const qint64 id = a.AgregarLogVacio(QStringLiteral("Vacío"));
+    const qint64 id = a.AgregarLogVacio(u"Vacío"_s);
     FilaQSO esperada;
     esperada.id = id;
-    esperada.NombreLog = QStringLiteral("Vacío");
-    QCOMPARE(*a.QSOPorId(QStringLiteral("Vacío"), id), esperada);
-
-    // Only the name is set: every other column is NULL on disk.
+    esperada.NombreLog = u"Vacío"_s;
+    QCOMPARE(*a.QSOPorId(u"Vacío"_s, id), esperada);
     OtraConexion otra(Archivo());
-    QCOMPARE(otra.Ejecutar(QStringLiteral("SELECT count(*) FROM Tabla1 WHERE Modo IS NULL AND "
-                                          "Fecha IS NULL AND Argento IS NULL")),
-             QStringList{QStringLiteral("1")});
+    QCOMPARE(otra(u"SELECT count(*) FROM Tabla1 WHERE Modo IS NULL AND Fecha IS NULL AND "
+                  "Argento IS NULL"_s),
+             QStringList{u"1"_s});
 
+    // A contest row leaves Operador and Argento unset.
     FilaConcurso c;
-    c.NombreLog = QStringLiteral("Fiesta");
-    c.Modo = QStringLiteral("CW");
-    c.Operador = QStringLiteral("no se guarda");
-    c.Argento = QStringLiteral("tampoco");
+    c.NombreLog = u"Fiesta"_s;
+    c.Modo = u"CW"_s;
+    c.Operador = u"no se guarda"_s;
+    c.Argento = u"tampoco"_s;
     a.AgregarQSOConcurso(c);
-    const FilaConcurso leida = a.LogConcurso(QStringLiteral("Fiesta")).value(0);
+    const FilaConcurso leida = a.LogConcurso(u"Fiesta"_s).value(0);
     QCOMPARE(leida.Operador, QString());
     QCOMPARE(leida.Argento, QString());
-    QCOMPARE(leida.Modo, QStringLiteral("CW"));
+    QCOMPARE(leida.Modo, u"CW"_s);
 }
 
 void TestAlmacen::idaYVuelta_data()
 {
     QTest::addColumn<QString>("texto");
     QTest::newRow("vacío") << QString();
-    QTest::newRow("unicode") << QStringLiteral("Ñandú ÄÖü 日本語 \U0001F4E1");
-    QTest::newRow("largo") << QString(5000, QLatin1Char('x')) + QStringLiteral("ñ");
-    QTest::newRow("fecha imposible") << QStringLiteral("31/02/2024");
-    QTest::newRow("fecha iso") << QStringLiteral("2024-01-05");
-    QTest::newRow("fecha válida") << QStringLiteral("05/01/2024");
-    QTest::newRow("fecha corta") << QStringLiteral("5/1/2024");
-    QTest::newRow("fecha con blanco") << QStringLiteral(" 05/01/2024");
-    QTest::newRow("marca") << QStringLiteral("!2024-01-05");
-    QTest::newRow("blancos") << QStringLiteral("  a  ");
-    QTest::newRow("saltos") << QStringLiteral("a\r\nb\tc");
-    QTest::newRow("comodines") << QStringLiteral("100% _*?\\");
-    QTest::newRow("sql") << QStringLiteral("'; DROP TABLE Tabla1; --");
-    QTest::newRow("nul") << QStringLiteral("a") + QChar(0) + QStringLiteral("b");
+    QTest::newRow("unicode") << u"Ñandú ÄÖü 日本語 \U0001F4E1"_s;
+    QTest::newRow("largo") << QString(5000, u'x') + u"ñ"_s;
+    QTest::newRow("fecha imposible") << u"31/02/2024"_s;
+    QTest::newRow("fecha iso") << u"2024-01-05"_s;
+    QTest::newRow("fecha válida") << u"05/01/2024"_s;
+    QTest::newRow("fecha corta") << u"5/1/2024"_s;
+    QTest::newRow("fecha con blanco") << u" 05/01/2024"_s;
+    QTest::newRow("marca") << u"!2024-01-05"_s;
+    QTest::newRow("blancos") << u"  a  "_s;
+    QTest::newRow("saltos") << u"a\r\nb\tc"_s;
+    QTest::newRow("comodines") << u"100% _*?\\"_s;
+    QTest::newRow("sql") << u"'; DROP TABLE Tabla1; --"_s;
+    QTest::newRow("nul") << u"a"_s + QChar(0) + u"b"_s;
 }
 
 void TestAlmacen::idaYVuelta()
@@ -324,81 +296,70 @@ void TestAlmacen::idaYVuelta()
          {&q.Estacion, &q.Banda, &q.Modo, &q.RSE, &q.RSR, &q.Fecha, &q.Hora, &q.MyCall, &q.Operador,
           &q.Obs, &q.Frecuencia, &q.MiGrid, &q.SuGrid, &q.Nombre_Sat, &q.LbN, &q.Argento})
         *campo = texto;
-    const qint64 id = a.AgregarLogVacio(texto);
-    QVERIFY(a.ActualizarQSO(id, q));
+    QVERIFY(a.ActualizarQSO(a.AgregarLogVacio(texto), q));
     const FilaQSO f = a.TodosLosQSOs().value(0);
-    const QStringList leidos = {f.Estacion,   f.Banda,    f.Modo,   f.RSE,        f.RSR,
-                                f.Fecha,      f.Hora,     f.MyCall, f.Operador,   f.Obs,
-                                f.Frecuencia, f.MiGrid,   f.SuGrid, f.Nombre_Sat, f.LbN,
-                                f.Argento,    f.NombreLog};
-    for (const QString &leido : leidos)
+    for (const QString &leido :
+         {f.Estacion, f.Banda, f.Modo, f.RSE, f.RSR, f.Fecha, f.Hora, f.MyCall, f.Operador, f.Obs,
+          f.Frecuencia, f.MiGrid, f.SuGrid, f.Nombre_Sat, f.LbN, f.Argento, f.NombreLog})
         QCOMPARE(leido, texto);
     QCOMPARE(a.Logs(), QStringList{texto});
 
     // The staging table keeps Fecha the same way; the contest table keeps its own text.
     RegistroQSO corto;
-    corto.Fecha = texto;
-    corto.Estacion = texto;
+    corto.Fecha = corto.Estacion = texto;
     a.AgregarQSOEspera(corto, texto, texto);
-    const FilaQSO e = a.FilasEspera().value(0);
-    QCOMPARE(e.Fecha, texto);
-    QCOMPARE(e.Dupe, texto);
+    QCOMPARE(a.FilasEspera().value(0).Fecha, texto);
+    QCOMPARE(a.FilasEspera().value(0).Dupe, texto);
     FilaConcurso c;
-    c.NombreLog = QStringLiteral("C");
-    c.Fecha = c.Hora = c.Estacion = c.Obs = texto;
+    c.NombreLog = u"C"_s;
+    c.Fecha = c.Hora = c.Obs = texto;
     a.AgregarQSOConcurso(c);
-    const FilaConcurso lc = a.LogConcurso(QStringLiteral("C")).value(0);
-    QCOMPARE(lc.Fecha, texto);
-    QCOMPARE(lc.Obs, texto);
+    QCOMPARE(a.LogConcurso(u"C"_s).value(0).Fecha, texto);
+    QCOMPARE(a.LogConcurso(u"C"_s).value(0).Obs, texto);
 }
 
 void TestAlmacen::operacionesDeAlta()
 {
     Almacen &a = *alm_;
-    const QString log = QStringLiteral("L");
-    RegistroQSO q =
-        Qso(QStringLiteral("LU1ABC"), QStringLiteral("01/05/2020"), QStringLiteral("10:00:00"));
-    q.Nombre_Sat = QStringLiteral("  SO-50 ");
-    q.LbN = QStringLiteral("0");
-    q.Argento = QStringLiteral(" Marte ");
+    const QString log = u"L"_s;
+    RegistroQSO q = Qso(u"LU1ABC"_s);
+    q.Nombre_Sat = u"  SO-50 "_s;
+    q.LbN = u"0"_s;
+    q.Argento = u" Marte "_s;
     // Typed in the main window: LbN "1" whatever the record says, province from the call.
     const FilaQSO tecleado = *a.QSOPorId(log, a.AgregarQSO(q, log));
-    QCOMPARE(tecleado.LbN, QStringLiteral("1"));
-    QCOMPARE(tecleado.Nombre_Sat, QStringLiteral("SO-50"));
+    QCOMPARE(tecleado.LbN, u"1"_s);
+    QCOMPARE(tecleado.Nombre_Sat, u"SO-50"_s);
     QVERIFY(!tecleado.Argento.isEmpty());
     QCOMPARE(tecleado.Argento, ProvinciaParaGuardar(q.Estacion));
     // Imported: LbN as it comes, satellite and province trimmed.
     const FilaQSO importado = *a.QSOPorId(log, a.AgregarQSOImportado(q, log));
-    QCOMPARE(importado.LbN, QStringLiteral("0"));
-    QCOMPARE(importado.Argento, QStringLiteral("Marte"));
-    QCOMPARE(importado.Nombre_Sat, QStringLiteral("SO-50"));
+    QCOMPARE(importado.LbN, u"0"_s);
+    QCOMPARE(importado.Argento, u"Marte"_s);
+    QCOMPARE(importado.Nombre_Sat, u"SO-50"_s);
 
     // What "Sólo Subir" takes: LbN empty or "0", never the typed "1".
     q.LbN = QString();
     const qint64 sinEstado = a.AgregarQSOImportado(q, log);
     QCOMPARE(Ids(a.PendientesLbN(log)), (QList<qint64>{importado.id, sinEstado}));
     QVERIFY(a.MarcarLbN(importado.id, 2));
-    QCOMPARE(a.QSOPorId(log, importado.id)->LbN, QStringLiteral("2"));
+    QCOMPARE(a.QSOPorId(log, importado.id)->LbN, u"2"_s);
     QCOMPARE(Ids(a.PendientesLbN(log)), QList<qint64>{sinEstado});
+    QCOMPARE(a.Candidatos(log, u"ssb"_s, u"40M"_s, u"lu9dce"_s, u"lu1abc"_s).size(), 3);
 
     // Staging: reports cut to 3, remarks to 100, grids trimmed.
-    q.RSE = QStringLiteral("5999");
-    q.Obs = QString(150, QLatin1Char('o'));
-    q.SuGrid = QStringLiteral(" GF05 ");
-    a.AgregarQSOEspera(q, QStringLiteral("17"), log);
+    q.RSE = u"5999"_s;
+    q.Obs = QString(150, u'o');
+    q.SuGrid = u" GF05 "_s;
+    a.AgregarQSOEspera(q, u"17"_s, log);
     const FilaQSO e = a.FilasEspera().value(0);
-    QCOMPARE(e.RSE, QStringLiteral("599"));
+    QCOMPARE(e.RSE, u"599"_s);
     QCOMPARE(e.Obs.size(), 100);
-    QCOMPARE(e.SuGrid, QStringLiteral("GF05"));
-    QCOMPARE(e.Dupe, QStringLiteral("17"));
+    QCOMPARE(e.SuGrid, u"GF05"_s);
+    QCOMPARE(e.Dupe, u"17"_s);
     QCOMPARE(e.NombreLog, log);
     QVERIFY(a.VaciarEspera());
     QVERIFY(a.FilasEspera().isEmpty());
-
-    QCOMPARE(a.Candidatos(log, QStringLiteral("ssb"), QStringLiteral("40M"),
-                          QStringLiteral("lu9dce"), QStringLiteral("lu1abc"))
-                 .size(),
-             3);
 }
 
 void TestAlmacen::comodines_data()
@@ -406,9 +367,6 @@ void TestAlmacen::comodines_data()
     QTest::addColumn<QString>("columna");
     QTest::addColumn<QString>("patron");
     QTest::addColumn<QStringList>("esperadas");
-    const QStringList todas = {QStringLiteral("LU1ABC"), QStringLiteral("LU2XYZ"),
-                               QStringLiteral("AY0A"), QStringLiteral("LU_1"),
-                               QStringLiteral("LUX1")};
     QTest::newRow("asterisco") << "estacion"
                                << "LU*" << QStringList{"LU1ABC", "LU2XYZ", "LU_1", "LUX1"};
     QTest::newRow("interrogación") << "estacion"
@@ -426,7 +384,7 @@ void TestAlmacen::comodines_data()
     QTest::newRow("satélite") << "sat"
                               << "" << QStringList{"AY0A"};
     QTest::newRow("sin filtro") << "estacion"
-                                << "" << todas;
+                                << "" << QStringList{"LU1ABC", "LU2XYZ", "AY0A", "LU_1", "LUX1"};
 }
 
 void TestAlmacen::comodines()
@@ -434,114 +392,83 @@ void TestAlmacen::comodines()
     QFETCH(QString, columna);
     QFETCH(QString, patron);
     QFETCH(QStringList, esperadas);
-    Almacen &a = *alm_;
-    const QString log = QStringLiteral("L");
-    const QStringList obs = {QStringLiteral("una media tarde"),
-                             QStringLiteral("al 100%"),
-                             QStringLiteral("1000 watts"),
-                             {},
-                             {}};
-    const QStringList estaciones = {QStringLiteral("LU1ABC"), QStringLiteral("LU2XYZ"),
-                                    QStringLiteral("AY0A"), QStringLiteral("LU_1"),
-                                    QStringLiteral("LUX1")};
+    const QStringList estaciones = {"LU1ABC", "LU2XYZ", "AY0A", "LU_1", "LUX1"};
+    const QStringList obs = {"una media tarde", "al 100%", "1000 watts", "", ""};
     for (int i = 0; i < estaciones.size(); ++i) {
-        RegistroQSO q =
-            Qso(estaciones[i], QStringLiteral("01/05/2020"), QStringLiteral("10:00:0%1").arg(i));
+        RegistroQSO q = Qso(estaciones[i], u"01/05/2020"_s, u"10:00:0%1"_s.arg(i));
         q.Obs = obs[i];
-        if (i == 2)
-            q.Nombre_Sat = QStringLiteral("AO-7");
-        a.AgregarQSO(q, log);
+        q.Nombre_Sat = i == 2 ? u"AO-7"_s : QString();
+        alm_->AgregarQSO(q, u"L"_s);
     }
     Almacen::FiltroExportacion filtro;
-    if (columna == QLatin1String("estacion"))
+    if (columna == u"estacion")
         filtro.estacion = patron;
-    else if (columna == QLatin1String("obs"))
+    else if (columna == u"obs")
         filtro.obs = patron;
     else
         filtro.soloSatelite = true;
-    QStringList halladas;
-    for (const FilaQSO &f : a.ExportarQSOs(log, filtro))
-        halladas << f.Estacion;
-    QCOMPARE(halladas, esperadas);
+    QCOMPARE(Estaciones(alm_->ExportarQSOs(u"L"_s, filtro)), esperadas);
 }
 
 void TestAlmacen::historial()
 {
     Almacen &a = *alm_;
-    const QString log = QStringLiteral("L");
-    const QStringList estaciones = {QStringLiteral("LU1ZZ"),  QStringLiteral("LU1Z"),
-                                    QStringLiteral("LU1Z/P"), QStringLiteral("LU1[A"),
-                                    QStringLiteral("lu1zb"),  QStringLiteral("LU1A")};
+    const QStringList estaciones = {"LU1ZZ", "LU1Z", "LU1Z/P", "LU1[A", "lu1zb", "LU1A"};
     for (int i = 0; i < estaciones.size(); ++i)
-        a.AgregarQSO(Qso(estaciones[i], QStringLiteral("0%1/05/2020").arg(i + 1),
-                         QStringLiteral("10:00:00")),
-                     log);
-    a.AgregarQSO(
-        Qso(QStringLiteral("LU1ZX"), QStringLiteral("01/05/2020"), QStringLiteral("10:00:00")),
-        QStringLiteral("otro"));
-    // Any case of the prefix finds any case of the call, and only calls that start with it.
-    for (const QString &prefijo : {QStringLiteral("LU1Z"), QStringLiteral("lu1z")}) {
-        QStringList halladas;
-        for (const FilaQSO &f : a.HistorialDe(log, prefijo))
-            halladas << f.Estacion;
-        QCOMPARE(halladas, (QStringList{QStringLiteral("LU1ZZ"), QStringLiteral("LU1Z"),
-                                        QStringLiteral("LU1Z/P"), QStringLiteral("lu1zb")}));
-    }
-    QCOMPARE(a.HistorialDe(log, QStringLiteral("LU1?")).size(), 6);
-    QCOMPARE(a.HistorialDe(log, QStringLiteral("XX")).size(), 0);
+        a.AgregarQSO(Qso(estaciones[i], u"0%1/05/2020"_s.arg(i + 1)), u"L"_s);
+    a.AgregarQSO(Qso(u"LU1ZX"_s), u"otro"_s);
+    // Any case of the prefix finds any case of the call, and only calls that start with it
+    // (the bound of the index range must fold the case as the column does).
+    for (const QString &prefijo : {u"LU1Z"_s, u"lu1z"_s})
+        QCOMPARE(Estaciones(a.HistorialDe(u"L"_s, prefijo)),
+                 (QStringList{u"LU1ZZ"_s, u"LU1Z"_s, u"LU1Z/P"_s, u"lu1zb"_s}));
+    QCOMPARE(a.HistorialDe(u"L"_s, u"LU1?"_s).size(), 6);
+    QCOMPARE(a.HistorialDe(u"L"_s, u"XX"_s).size(), 0);
 }
 
 void TestAlmacen::concursos()
 {
     Almacen &a = *alm_;
     FilaConcurso fundadora;
-    fundadora.NombreLog = fundadora.LbN = QStringLiteral("Fiesta");
-    fundadora.Nombre_Sat = QStringLiteral("Incremental");
+    fundadora.NombreLog = fundadora.LbN = u"Fiesta"_s;
+    fundadora.Nombre_Sat = u"Incremental"_s;
     a.AgregarQSOConcurso(fundadora);
-    FilaConcurso sinNombre;
-    a.AgregarQSOConcurso(sinNombre);
+    a.AgregarQSOConcurso(FilaConcurso{}); // a row of no contest
     FilaConcurso qso = fundadora;
-    qso.Modo = QStringLiteral("SSB");
-    qso.Banda = QStringLiteral("40m");
-    qso.Estacion = QStringLiteral("LU1ABC");
-    qso.Fecha = QStringLiteral("20240105");
-    qso.Hora = QStringLiteral("1200");
-    qso.Obs = QStringLiteral("nota");
+    qso.Modo = u"SSB"_s;
+    qso.Banda = u"40m"_s;
+    qso.Estacion = u"LU1ABC"_s;
+    qso.Fecha = u"20240105"_s;
+    qso.Hora = u"1200"_s;
+    qso.Obs = u"nota"_s;
     const qint64 uno = a.AgregarQSOConcurso(qso);
-    qso.Estacion = QStringLiteral("LU2XYZ");
-    qso.Hora = QStringLiteral("1100");
+    qso.Estacion = u"LU2XYZ"_s;
+    qso.Hora = u"1100"_s;
     const qint64 dos = a.AgregarQSOConcurso(qso);
 
-    QCOMPARE(a.LogsConcurso(), QStringList{QStringLiteral("Fiesta")});
-    QVERIFY(a.ExisteLogConcurso(QStringLiteral("fiesta")));
-    QVERIFY(!a.ExisteLogConcurso(QStringLiteral("Otra")));
-    QCOMPARE(a.SatelitesDeConcurso(QStringLiteral("Fiesta")),
-             QStringList{QStringLiteral("Incremental")});
-    QCOMPARE(a.LogConcurso(QStringLiteral("Fiesta")).size(), 3);
-    const QVector<FilaConcurso> vista = a.VistaConcurso(QStringLiteral("Fiesta"));
-    QCOMPARE(vista.size(), 2);
-    QCOMPARE(vista[0].id, dos);
-    QCOMPARE(a.LogConcursoOrdenado(QStringLiteral("Fiesta"), true).last().id, uno);
-    QCOMPARE(a.ConcursoPorModoBanda(QStringLiteral("Fiesta"), QStringLiteral("ssb"),
-                                    QStringLiteral("40m"))
-                 .size(),
-             2);
-    QCOMPARE(a.ConcursoPorModoBandaEstacion(QStringLiteral("Fiesta"), QStringLiteral("SSB"),
-                                            QStringLiteral("40m"), QStringLiteral("LU2XYZ"))
-                 .size(),
+    QCOMPARE(a.LogsConcurso(), QStringList{u"Fiesta"_s});
+    QVERIFY(a.ExisteLogConcurso(u"fiesta"_s));
+    QVERIFY(!a.ExisteLogConcurso(u"Otra"_s));
+    QCOMPARE(a.SatelitesDeConcurso(u"Fiesta"_s), QStringList{u"Incremental"_s});
+    QCOMPARE(a.LogConcurso(u"Fiesta"_s).size(), 3);
+    QCOMPARE(Estaciones(a.VistaConcurso(u"Fiesta"_s)), (QStringList{u"LU2XYZ"_s, u"LU1ABC"_s}));
+    QCOMPARE(a.LogConcursoOrdenado(u"Fiesta"_s, true).last().id, uno);
+    QCOMPARE(a.ConcursoPorModoBanda(u"Fiesta"_s, u"ssb"_s, u"40m"_s).size(), 2);
+    QCOMPARE(a.ConcursoPorModoBandaEstacion(u"Fiesta"_s, u"SSB"_s, u"40m"_s, u"LU2XYZ"_s).size(),
              1);
 
     // The contest edit leaves Obs and the log name alone.
     FilaConcurso cambio = qso;
-    cambio.Estacion = QStringLiteral("LU3QQ");
-    cambio.Obs = QStringLiteral("otra");
-    cambio.NombreLog = QStringLiteral("Otra");
+    cambio.Estacion = u"LU3QQ"_s;
+    cambio.Obs = u"otra"_s;
+    cambio.NombreLog = u"Otra"_s;
     QVERIFY(a.ActualizarQSOConcurso(dos, cambio));
-    const FilaConcurso leida = a.VistaConcurso(QStringLiteral("Fiesta")).value(0);
-    QCOMPARE(leida.Estacion, QStringLiteral("LU3QQ"));
-    QCOMPARE(leida.Obs, QStringLiteral("nota"));
+    const FilaConcurso leida = a.VistaConcurso(u"Fiesta"_s).value(0);
+    QCOMPARE(leida.Estacion, u"LU3QQ"_s);
+    QCOMPARE(leida.Obs, u"nota"_s);
     QVERIFY(a.BorrarQSOConcurso(uno));
-    QVERIFY(a.BorrarLogConcurso(QStringLiteral("Fiesta")));
+    QCOMPARE(a.LogConcurso(u"Fiesta"_s).size(), 2);
+    QVERIFY(a.BorrarLogConcurso(u"Fiesta"_s));
     QVERIFY(a.LogsConcurso().isEmpty());
 }
 
@@ -552,194 +479,158 @@ void TestAlmacen::esquemaViejo()
     {
         // A file of an earlier version: no late columns, no Tabla3.
         OtraConexion vieja(Archivo());
-        vieja.Ejecutar(QStringLiteral(
-            "CREATE TABLE Tabla1 (id INTEGER PRIMARY KEY AUTOINCREMENT, Modo TEXT, Banda TEXT, "
-            "MyCall TEXT, Estacion TEXT, Fecha TEXT, Hora TEXT, RSE TEXT, RSR TEXT, Obs TEXT, "
-            "Operador TEXT, \"Nombre Log\" TEXT, Frecuencia TEXT, MiGrid TEXT, SuGrid TEXT)"));
-        vieja.Ejecutar(QStringLiteral(
-            "CREATE TABLE Tabla2 (id INTEGER PRIMARY KEY AUTOINCREMENT, Modo TEXT, Banda TEXT, "
-            "MyCall TEXT, Estacion TEXT, Fecha TEXT, Hora TEXT, RSE TEXT, RSR TEXT, Obs TEXT, "
-            "Operador TEXT, \"Nombre Log\" TEXT, Frecuencia TEXT)"));
-        vieja.Ejecutar(
-            QStringLiteral("INSERT INTO Tabla1 (Modo, Estacion, Fecha, Hora, \"Nombre "
-                           "Log\") VALUES ('CW', 'LU1ABC', '2009-12-31', '10:00:00', 'Viejo')"));
-        vieja.Ejecutar(QStringLiteral("INSERT INTO Tabla1 (\"Nombre Log\") VALUES ('Viejo')"));
+        const QString comunes = u"id INTEGER PRIMARY KEY AUTOINCREMENT, Modo, Banda, MyCall, "
+                                "Estacion, Fecha, Hora, RSE, RSR, Obs, Operador, \"Nombre Log\", "
+                                "Frecuencia"_s;
+        vieja(u"CREATE TABLE Tabla1 (%1, MiGrid, SuGrid)"_s.arg(comunes));
+        vieja(u"CREATE TABLE Tabla2 (%1)"_s.arg(comunes));
+        vieja(u"INSERT INTO Tabla1 (Modo, Estacion, Fecha, Hora, \"Nombre Log\") VALUES ('CW', "
+              "'LU1ABC', '2009-12-31', '10:00:00', 'Viejo'), (NULL, NULL, NULL, NULL, 'Viejo')"_s);
     }
-    QCOMPARE(alm_->Abrir(Archivo()), QString());
     // Opening brings it up to date; the old rows keep their values and the count is right.
-    QCOMPARE(alm_->CantidadQSOs(QStringLiteral("Viejo")), 1);
-    const FilaQSO viejo = *alm_->UltimoQSO(QStringLiteral("Viejo"));
-    QCOMPARE(viejo.Fecha, QStringLiteral("31/12/2009"));
-    QCOMPARE(viejo.LbN, QString());
+    QCOMPARE(alm_->Abrir(Archivo()), QString());
+    QCOMPARE(alm_->CantidadQSOs(u"Viejo"_s), 1);
+    QCOMPARE(alm_->UltimoQSO(u"Viejo"_s)->Fecha, u"31/12/2009"_s);
+    QCOMPARE(alm_->UltimoQSO(u"Viejo"_s)->LbN, QString());
 
     OtraConexion otra(Archivo());
     auto columnas = [&](const QString &tabla) {
-        return otra.Ejecutar(QStringLiteral("SELECT name FROM pragma_table_info(?)"), {tabla})
-            .join(u',');
+        return otra(u"SELECT name FROM pragma_table_info(?)"_s, {tabla}).join(u',');
     };
-    const QString tabla1 = QStringLiteral("id,Modo,Banda,MyCall,Estacion,Fecha,Hora,RSE,RSR,Obs,"
-                                          "Operador,Nombre Log,Frecuencia,MiGrid,SuGrid,LbN,"
-                                          "Nombre_Sat,Argento");
-    const QString tabla2 = QStringLiteral("id,Modo,Banda,MyCall,Estacion,Fecha,Hora,RSE,RSR,Obs,"
-                                          "Operador,Nombre Log,Frecuencia,LbN,Nombre_Sat,Argento");
-    QCOMPARE(columnas(QStringLiteral("Tabla1")), tabla1);
-    QCOMPARE(columnas(QStringLiteral("Tabla2")), tabla2);
-    QCOMPARE(columnas(QStringLiteral("Tabla3")), tabla1 + QStringLiteral(",Dupe"));
+    const QString tabla1 = u"id,Modo,Banda,MyCall,Estacion,Fecha,Hora,RSE,RSR,Obs,Operador,"
+                           "Nombre Log,Frecuencia,MiGrid,SuGrid,LbN,Nombre_Sat,Argento"_s;
+    const QString tabla2 = u"id,Modo,Banda,MyCall,Estacion,Fecha,Hora,RSE,RSR,Obs,Operador,"
+                           "Nombre Log,Frecuencia,LbN,Nombre_Sat,Argento"_s;
+    QCOMPARE(columnas(u"Tabla1"_s), tabla1);
+    QCOMPARE(columnas(u"Tabla2"_s), tabla2);
+    QCOMPARE(columnas(u"Tabla3"_s), tabla1 + u",Dupe"_s);
 
     // Run twice: nothing changes and nothing fails.
-    auto esquema = [&] {
-        return otra.Ejecutar(QStringLiteral("SELECT sql FROM sqlite_master ORDER BY name"));
-    };
-    const QStringList antes = esquema();
-    alm_->ActualizarEsquema();
-    QCOMPARE(alm_->UltimoError(), QString());
-    alm_->ActualizarEsquema();
-    QCOMPARE(alm_->UltimoError(), QString());
-    QCOMPARE(esquema(), antes);
+    const QString esquema = u"SELECT sql FROM sqlite_master ORDER BY name"_s;
+    const QStringList antes = otra(esquema);
+    for (int vez = 0; vez < 2; ++vez) {
+        alm_->ActualizarEsquema();
+        QCOMPARE(alm_->UltimoError(), QString());
+    }
+    QCOMPARE(otra(esquema), antes);
     QCOMPARE(alm_->TodosLosQSOs().size(), 2);
 
     // What another program takes away while the file is open comes back.
-    otra.Ejecutar(QStringLiteral("DROP TABLE Tabla3"));
-    otra.Ejecutar(QStringLiteral("ALTER TABLE Tabla2 DROP COLUMN Argento"));
+    otra(u"DROP TABLE Tabla3"_s);
+    otra(u"ALTER TABLE Tabla2 DROP COLUMN Argento"_s);
     alm_->ActualizarEsquema();
-    QCOMPARE(columnas(QStringLiteral("Tabla2")), tabla2);
-    QCOMPARE(columnas(QStringLiteral("Tabla3")), tabla1 + QStringLiteral(",Dupe"));
+    QCOMPARE(columnas(u"Tabla2"_s), tabla2);
+    QCOMPARE(columnas(u"Tabla3"_s), tabla1 + u",Dupe"_s);
 }
 
 void TestAlmacen::cuentasConOtraConexion()
 {
     Almacen &a = *alm_;
-    a.AgregarLogVacio(QStringLiteral("A"));
-    a.AgregarQSO(
-        Qso(QStringLiteral("LU1ABC"), QStringLiteral("01/05/2020"), QStringLiteral("10:00:00")),
-        QStringLiteral("A"));
+    a.AgregarLogVacio(u"A"_s);
+    a.AgregarQSO(Qso(u"LU1ABC"_s), u"A"_s);
     OtraConexion otra(Archivo());
-    otra.Ejecutar(QStringLiteral(
-        "INSERT INTO Tabla1 (Modo, \"Nombre Log\") VALUES ('CW', 'a'), ('', 'a'), ('FM', 'B')"));
-    QCOMPARE(a.CantidadQSOs(QStringLiteral("A")), 2);
-    QCOMPARE(a.Logs(), (QStringList{QStringLiteral("A"), QStringLiteral("B")}));
-
+    otra(u"INSERT INTO Tabla1 (Modo, \"Nombre Log\") VALUES ('CW', 'a'), ('', 'a'), ('FM', 'B')"_s);
+    QCOMPARE(a.LogsConCantidad(), (Cantidades{{u"A"_s, 2}, {u"B"_s, 1}}));
     // The placeholder turned into a QSO, a QSO moved to another log, one deleted.
-    otra.Ejecutar(QStringLiteral("UPDATE Tabla1 SET Modo='SSB' WHERE Modo IS NULL"));
-    QCOMPARE(a.CantidadQSOs(QStringLiteral("A")), 3);
-    otra.Ejecutar(QStringLiteral("UPDATE Tabla1 SET \"Nombre Log\"='C' WHERE Modo='FM'"));
-    QCOMPARE(a.Logs(), (QStringList{QStringLiteral("A"), QStringLiteral("C")}));
-    QCOMPARE(a.CantidadQSOs(QStringLiteral("C")), 1);
-    otra.Ejecutar(QStringLiteral("DELETE FROM Tabla1 WHERE Modo='CW'"));
-    const QVector<QPair<QString, qint64>> esperadas = {{QStringLiteral("A"), 2},
-                                                       {QStringLiteral("C"), 1}};
-    QCOMPARE(a.LogsConCantidad(), esperadas);
-    otra.Ejecutar(QStringLiteral("DELETE FROM Tabla1 WHERE \"Nombre Log\"='A'"));
-    QCOMPARE(a.Logs(), QStringList{QStringLiteral("C")});
+    otra(u"UPDATE Tabla1 SET Modo='SSB' WHERE Modo IS NULL"_s);
+    QCOMPARE(a.CantidadQSOs(u"A"_s), 3);
+    otra(u"UPDATE Tabla1 SET \"Nombre Log\"='C' WHERE Modo='FM'"_s);
+    QCOMPARE(a.LogsConCantidad(), (Cantidades{{u"A"_s, 3}, {u"C"_s, 1}}));
+    otra(u"DELETE FROM Tabla1 WHERE Modo='CW'"_s);
+    QCOMPARE(a.LogsConCantidad(), (Cantidades{{u"A"_s, 2}, {u"C"_s, 1}}));
+    otra(u"DELETE FROM Tabla1 WHERE \"Nombre Log\"='A'"_s);
+    QCOMPARE(a.Logs(), QStringList{u"C"_s});
 }
 
 void TestAlmacen::paginasComoReferencia()
 {
     Almacen &a = *alm_;
-    const QString log = QStringLiteral("P");
+    const QString log = u"P"_s;
     struct Fila
     {
         QString iso, hora;
         qint64 id;
     };
-    QVector<Fila> referencia;
-    auto *azar = QRandomGenerator::global();
-    a.IniciarTransaccion();
-    a.AgregarLogVacio(log);
-    for (int i = 0; i < 347; ++i) {
-        // Few dates and times, so that many rows tie and only the id orders them.
-        const int dia = 1 + int(azar->bounded(4));
-        const QString hora = QStringLiteral("1%1:00:00").arg(azar->bounded(3));
-        const QString fecha = QStringLiteral("%1/12/2023").arg(dia, 2, 10, QLatin1Char('0'));
-        const qint64 id = a.AgregarQSO(Qso(QStringLiteral("LU%1").arg(i), fecha, hora), log);
-        referencia.append(
-            {QStringLiteral("2023-12-%1").arg(dia, 2, 10, QLatin1Char('0')), hora, id});
-        if (i % 7 == 0)
-            a.AgregarQSO(Qso(QStringLiteral("CX%1").arg(i), fecha, hora), QStringLiteral("otro"));
-    }
-    a.ConfirmarTransaccion();
-    auto ordenar = [&] {
-        std::sort(referencia.begin(), referencia.end(), [](const Fila &x, const Fila &y) {
+    // Few dates and times, so that many rows tie and only the id orders them.
+    QVector<Fila> ref;
+    auto agregar = [&](int dia, const QString &hora) {
+        const QString dd = u"%1"_s.arg(dia, 2, 10, QLatin1Char('0'));
+        const qint64 id = a.AgregarQSO(Qso(u"LU"_s, dd + u"/12/2023"_s, hora), log);
+        ref.append({u"2023-12-"_s + dd, hora, id});
+        std::sort(ref.begin(), ref.end(), [](const Fila &x, const Fila &y) {
             return std::tie(x.iso, x.hora, x.id) > std::tie(y.iso, y.hora, y.id);
         });
     };
-    ordenar();
-    auto comparar = [&](qint64 fila, int tamano) {
+    a.IniciarTransaccion();
+    a.AgregarLogVacio(log);
+    for (int i = 0; i < 347; ++i) {
+        agregar(1 + int(QRandomGenerator::global()->bounded(4)),
+                u"1%1:00:00"_s.arg(QRandomGenerator::global()->bounded(3)));
+        if (i % 7 == 0)
+            a.AgregarQSO(Qso(u"CX"_s, u"02/12/2023"_s), u"otro"_s);
+    }
+    a.ConfirmarTransaccion();
+    auto igual = [&](qint64 fila, int tamano = 20) {
         QList<qint64> esperados;
-        for (qint64 i = fila - 1; i >= 0 && i < fila - 1 + tamano && i < referencia.size(); ++i)
-            esperados << referencia[i].id;
+        const qint64 desde = std::max<qint64>(fila, 1) - 1;
+        for (qint64 i = desde; i < desde + tamano && i < ref.size(); ++i)
+            esperados << ref[i].id;
         const QList<qint64> leidos = Ids(a.PaginaLog(log, fila, tamano));
         if (leidos != esperados)
             qWarning() << "fila" << fila << "tamaño" << tamano;
         return leidos == esperados;
     };
 
-    // Forward from the first page to the last, back again, then jumps, and a second size.
-    const qint64 n = referencia.size();
+    // Forward from the first page to the last, back again, jumps, edges and another size.
+    const qint64 n = ref.size();
     for (qint64 fila = 1; fila <= n; fila += 20)
-        QVERIFY(comparar(fila, 20));
-    const qint64 ultima = ((n - 1) / 20) * 20 + 1;
-    for (qint64 fila = ultima; fila >= 1; fila -= 20)
-        QVERIFY(comparar(fila, 20));
-    for (qint64 fila : {161, 41, 301, 321, 1, 341, 347, 348, 500, 0, 7, 27, 7, 146})
-        QVERIFY(comparar(std::max<qint64>(fila, 1), 20));
-    for (qint64 fila : {n - 21, n - 20, n - 19, n - 40})
-        QVERIFY(comparar(fila, 20));
+        QVERIFY(igual(fila));
+    for (qint64 fila = (n - 1) / 20 * 20 + 1; fila >= 1; fila -= 20)
+        QVERIFY(igual(fila));
+    for (qint64 fila : {161, 41, 301, 321, 1, 341, 347, 348, 500, 0, 7, 27, 7, 146, 327, 328, 326})
+        QVERIFY(igual(fila));
     for (qint64 fila = 1; fila <= n; fila += 50)
-        QVERIFY(comparar(fila, 50));
+        QVERIFY(igual(fila, 50));
 
-    // A write in the middle of paging: the next page counts it.
-    QVERIFY(comparar(101, 20));
-    const qint64 id = a.AgregarQSO(
-        Qso(QStringLiteral("NUEVO"), QStringLiteral("02/12/2023"), QStringLiteral("11:00:00")),
-        log);
-    referencia.append({QStringLiteral("2023-12-02"), QStringLiteral("11:00:00"), id});
-    ordenar();
-    QVERIFY(comparar(121, 20));
-    QVERIFY(comparar(101, 20));
-    QVERIFY(a.BorrarQSO(referencia[110].id));
-    referencia.remove(110);
-    QVERIFY(comparar(121, 20));
+    // A write in the middle of paging: the pages around it count it.
+    QVERIFY(igual(101));
+    agregar(2, u"11:00:00"_s);
+    QVERIFY(igual(121));
+    QVERIFY(igual(101));
+    QVERIFY(a.BorrarQSO(ref[110].id));
+    ref.remove(110);
+    QVERIFY(igual(121));
 }
 
 void TestAlmacen::paginaTrasEscrituraAjena()
 {
     Almacen &a = *alm_;
-    const QString log = QStringLiteral("P");
+    const QString log = u"P"_s;
     for (int i = 0; i < 60; ++i)
-        a.AgregarQSO(Qso(QStringLiteral("LU%1").arg(i), QStringLiteral("01/01/2024"),
-                         QStringLiteral("10:%1:00").arg(i, 2, 10, QLatin1Char('0'))),
-                     log);
-    const QVector<FilaQSO> primera = a.PaginaLog(log, 1);
-    QCOMPARE(primera.first().Estacion, QStringLiteral("LU59"));
+        a.AgregarQSO(
+            Qso(u"LU%1"_s.arg(i), u"01/01/2024"_s, u"10:%1:00"_s.arg(i, 2, 10, QLatin1Char('0'))),
+            log);
+    QCOMPARE(a.PaginaLog(log, 1).first().Estacion, u"LU59"_s);
     // A newer QSO written by someone else moves every row down by one.
     OtraConexion otra(Archivo());
-    otra.Ejecutar(QStringLiteral("INSERT INTO Tabla1 (Modo, Estacion, Fecha, Hora, \"Nombre Log\") "
-                                 "VALUES ('CW', 'AJENO', '2024-01-02', '00:00:00', 'P')"));
-    const QVector<FilaQSO> segunda = a.PaginaLog(log, 21);
-    QCOMPARE(segunda.first().Estacion, QStringLiteral("LU40"));
+    otra(u"INSERT INTO Tabla1 (Modo, Estacion, Fecha, Hora, \"Nombre Log\") VALUES ('CW', "
+         "'AJENO', '2024-01-02', '00:00:00', 'P')"_s);
+    QCOMPARE(a.PaginaLog(log, 21).first().Estacion, u"LU40"_s);
+
     // Rows without a date or time, written from outside, sort last and cannot be sought by
     // key; every row is still listed once, walking forward or back.
-    otra.Ejecutar(QStringLiteral(
-        "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<30) "
-        "INSERT INTO Tabla1 (Modo, Estacion, \"Nombre Log\") SELECT 'CW', 'SINFECHA' || i, 'P' "
-        "FROM n"));
+    otra(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<30) INSERT INTO "
+         "Tabla1 (Modo, Estacion, \"Nombre Log\") SELECT 'CW', 'SINFECHA' || i, 'P' FROM n"_s);
     QCOMPARE(a.CantidadQSOs(log), 91);
     QStringList adelante, atras;
     for (qint64 fila = 1; fila <= 91; fila += 20)
-        for (const FilaQSO &f : a.PaginaLog(log, fila))
-            adelante << f.Estacion;
-    for (qint64 fila = 81; fila >= 1; fila -= 20) {
-        QStringList pagina;
-        for (const FilaQSO &f : a.PaginaLog(log, fila))
-            pagina << f.Estacion;
-        atras = pagina + atras;
-    }
+        adelante += Estaciones(a.PaginaLog(log, fila));
+    for (qint64 fila = 81; fila >= 1; fila -= 20)
+        atras = Estaciones(a.PaginaLog(log, fila)) + atras;
     QCOMPARE(adelante.size(), 91);
     QCOMPARE(atras, adelante);
-    QCOMPARE(adelante.first(), QStringLiteral("AJENO"));
-    QCOMPARE(adelante.filter(QStringLiteral("SINFECHA")).size(), 30);
-    QVERIFY(adelante.at(61).startsWith(QStringLiteral("SINFECHA")));
+    QCOMPARE(adelante.first(), u"AJENO"_s);
+    QCOMPARE(adelante.mid(61).filter(u"SINFECHA"_s).size(), 30);
     QCOMPARE(QSet<QString>(adelante.begin(), adelante.end()).size(), 91);
 }
 
@@ -751,8 +642,8 @@ void TestAlmacen::noEsBaseDeDatos_data()
     QTest::newRow("binario") << QByteArray(4096, '\xA5') << QString();
     QTest::newRow("cabecera rota")
         << QByteArray("SQLite format 3\0", 16) + QByteArray(200, '\x01') << QString();
-    QTest::newRow("base de otro programa") << QByteArray() << QStringLiteral("Clientes");
-    QTest::newRow("Tabla1 ajena") << QByteArray() << QStringLiteral("Tabla1");
+    QTest::newRow("base de otro programa") << QByteArray() << u"Clientes"_s;
+    QTest::newRow("Tabla1 ajena") << QByteArray() << u"Tabla1"_s;
 }
 
 void TestAlmacen::noEsBaseDeDatos()
@@ -767,19 +658,19 @@ void TestAlmacen::noEsBaseDeDatos()
         f.write(contenido);
     } else {
         OtraConexion ajena(Archivo());
-        ajena.Ejecutar(
-            QStringLiteral("CREATE TABLE \"%1\" (codigo INTEGER, nombre TEXT)").arg(tablaAjena));
-        ajena.Ejecutar(QStringLiteral("INSERT INTO \"%1\" VALUES (1, 'uno')").arg(tablaAjena));
+        ajena(u"CREATE TABLE \"%1\" (codigo INTEGER, nombre TEXT)"_s.arg(tablaAjena));
+        ajena(u"INSERT INTO \"%1\" VALUES (1, 'uno')"_s.arg(tablaAjena));
     }
     const QByteArray antes = Contenido(Archivo());
     const QStringList archivosAntes = QDir(dir_->path()).entryList(QDir::Files);
 
     Almacen otro;
-    const QString mensaje = otro.Abrir(Archivo());
-    QCOMPARE(mensaje, QStringLiteral("El archivo %1 no es una base de datos de Carancho Radiolog.")
-                          .arg(QDir::toNativeSeparators(QFileInfo(Archivo()).absoluteFilePath())));
+    QCOMPARE(otro.Abrir(Archivo()),
+             u"El archivo %1 no es una base de datos de Carancho Radiolog."_s.arg(
+                 QDir::toNativeSeparators(QFileInfo(Archivo()).absoluteFilePath())));
     QVERIFY(!otro.Abierto());
     QVERIFY(otro.Logs().isEmpty());
+    // Not a byte written, not even a journal beside it.
     QCOMPARE(Contenido(Archivo()), antes);
     QCOMPARE(QDir(dir_->path()).entryList(QDir::Files), archivosAntes);
 }
@@ -788,20 +679,19 @@ void TestAlmacen::carpetaInvalida()
 {
     alm_->Cerrar();
     Almacen otro;
-    const QString sinCarpeta = dir_->filePath(QStringLiteral("no/existe/base0.db"));
-    QVERIFY(otro.Abrir(sinCarpeta).startsWith(QStringLiteral("No existe la carpeta")));
+    QVERIFY(
+        otro.Abrir(dir_->filePath(u"no/existe/base0.db"_s)).startsWith(u"No existe la carpeta"));
     QVERIFY(!otro.Abierto());
-    QVERIFY(otro.AgregarQSO(Qso(QStringLiteral("LU1ABC"), {}, {}), QStringLiteral("L")) == 0);
+    QCOMPARE(otro.AgregarQSO(Qso(u"LU1ABC"_s), u"L"_s), 0);
     QVERIFY(!otro.UltimoError().isEmpty());
 
-    const QString carpeta = dir_->filePath(QStringLiteral("solo_lectura"));
+    const QString carpeta = dir_->filePath(u"solo_lectura"_s);
     QDir().mkpath(carpeta);
     QFile::setPermissions(carpeta, QFile::ReadOwner | QFile::ExeOwner);
     if (QFileInfo(carpeta).isWritable())
         QSKIP("Como administrador toda carpeta se puede escribir");
-    QVERIFY(otro.Abrir(carpeta + QStringLiteral("/base0.db"))
-                .startsWith(QStringLiteral("No se puede escribir en la carpeta")));
-    QVERIFY(!QFile::exists(carpeta + QStringLiteral("/base0.db")));
+    QVERIFY(otro.Abrir(carpeta + u"/base0.db"_s).startsWith(u"No se puede escribir en la carpeta"));
+    QVERIFY(!QFile::exists(carpeta + u"/base0.db"_s));
 }
 
 QTEST_GUILESS_MAIN(TestAlmacen)
