@@ -109,6 +109,7 @@ private Q_SLOTS:
     void cierres();
     void presencia_data();
     void presencia();
+    void elSiguienteArranqueSigueDondeQuedo();
 };
 
 void TestForm1::arranque()
@@ -523,6 +524,36 @@ void TestForm1::presencia()
         QCOMPARE(QUrl(pedidas.last()), QUrl(presencia));
         QCOMPARE(v.f->windowTitle(), titulo + QLatin1Char('*'));
     }
+}
+
+void TestForm1::elSiguienteArranqueSigueDondeQuedo()
+{
+    ContextoPrueba p;
+    p.Escribir(QStringLiteral("config.ini"), ConfigPrueba);
+    p->Terminar = [](int) {};
+    {
+        Form1 f(p.ctx());
+        f.Timer2_Timer();
+        f.Timer1_Timer();
+        f.mhz->setCurrentText(QStringLiteral("7"));
+        f.Text1->setText(QStringLiteral("150"));
+        f.Combo1->setCurrentText(QStringLiteral("CW"));
+        f.Check1->click(); // manual time, saved at once in mem.ini
+        f.Check3->setChecked(true);
+        f.Timer6->setInterval(1);
+        p.falsos.dialogos->respuestasSiNo.enqueue(true);
+        f.close(); // the close box also saves config.ini with "No Borrar"
+    }
+    p->CierreListo = false;
+    p->TicksCierre = 0;
+    Form1 f(p.ctx());
+    f.Timer2_Timer();
+    QCOMPARE(f.mhz->currentText(), QStringLiteral("7"));
+    QCOMPARE(f.Text1->text(), QStringLiteral("150"));
+    QCOMPARE(f.Combo1->currentText(), QStringLiteral("CW"));
+    QVERIFY(f.Check1->isChecked());
+    QVERIFY(f.Check3->isChecked());
+    QCOMPARE(f.Frame1->title(), QStringLiteral("Pruebas"));
 }
 
 QTEST_MAIN(TestForm1)
