@@ -6,6 +6,7 @@
 #include "logcore/Contexto.h"
 #include "logcore/Form1.h"
 #include "logcore/RegistroQSO.h"
+#include "logcore/TeclaEnCampo.h"
 #include "rules/Bandas.h"
 #include "rules/Entrada.h"
 #include "rules/Senales.h"
@@ -279,23 +280,7 @@ bool Form5::AlTeclear(QLineEdit *campo, QKeyEvent *tecla)
         filtro = FiltroTecla::C;
     else
         return false;
-    const QString texto = tecla->text();
-    if (texto.size() != 1 || (tecla->modifiers() & (Qt::ControlModifier | Qt::AltModifier)))
-        return false;
-    const QChar c = texto.at(0);
-    if (c.unicode() < 32 || c.unicode() == 127) // Tab, Backspace, Delete: the editor's
-        return false;
-    // This window's filters never let the '?' of the main window's fields through.
-    if (c == u'?')
-        return true;
-    const auto paso = FiltrarTecla(filtro, c);
-    if (!paso)
-        return true;
-    if (*paso != c) {
-        campo->insert(QString(*paso));
-        return true;
-    }
-    return false;
+    return FiltrarTeclaEnCampo(campo, tecla, filtro, false);
 }
 
 bool Form5::RevisarCampo(QLineEdit *campo)

@@ -10,6 +10,10 @@
 
 using namespace almacen;
 
+const char *const almacen::kIndiceEstacion =
+    "CREATE INDEX IF NOT EXISTS Tabla1_Estacion ON Tabla1 (\"Nombre Log\", Estacion, Modo, Banda, "
+    "MyCall)";
+
 namespace {
 
 const QString kTexto = QStringLiteral(" TEXT COLLATE NOCASE");
@@ -112,8 +116,7 @@ const char *const kLlenarCuentas =
 // on all five): one index fewer to keep up on every insert.
 const char *const kIndices[] = {
     "CREATE INDEX IF NOT EXISTS Tabla1_Vista ON Tabla1 (\"Nombre Log\", Fecha, Hora, id, Modo)",
-    "CREATE INDEX IF NOT EXISTS Tabla1_Estacion ON Tabla1 (\"Nombre Log\", Estacion, Modo, Banda, "
-    "MyCall)",
+    almacen::kIndiceEstacion,
     "CREATE INDEX IF NOT EXISTS Tabla2_Log ON Tabla2 (\"Nombre Log\", Modo, Banda, Estacion)",
 };
 
@@ -145,6 +148,11 @@ bool EsFechaISO(const QString &f)
 std::atomic<int> g_instancias{0};
 
 } // namespace
+
+const QString &almacen::DisparadorAlta()
+{
+    return Disparadores().first();
+}
 
 // ---- Conversions at the edge ---------------------------------------------------------------
 
@@ -462,6 +470,7 @@ void Almacen::Cerrar()
 {
     d->consultas.clear();
     d->pagina = {};
+    d->carga = {};
     d->archivo.clear();
     if (d->db.isValid()) {
         d->db.close();
@@ -483,32 +492,6 @@ QString Almacen::Archivo() const
 QString Almacen::UltimoError() const
 {
     return d->error;
-}
-
-// A bulk load touches the pages of the callsign and duplicate indexes in no order; with a
-// small cache they would be spilled to the journal and written again and again, so the
-// cache grows for the transaction and shrinks back after it.
-bool Almacen::IniciarTransaccion()
-{
-    d->pagina.valida = false;
-    d->Directa(QStringLiteral("PRAGMA cache_size=-131072"));
-    return d->Directa(QStringLiteral("BEGIN"));
-}
-
-bool Almacen::ConfirmarTransaccion()
-{
-    d->pagina.valida = false;
-    const bool hecho = d->Directa(QStringLiteral("COMMIT"));
-    d->Directa(QStringLiteral("PRAGMA cache_size=-32768"));
-    return hecho;
-}
-
-bool Almacen::DeshacerTransaccion()
-{
-    d->pagina.valida = false;
-    const bool hecho = d->Directa(QStringLiteral("ROLLBACK"));
-    d->Directa(QStringLiteral("PRAGMA cache_size=-32768"));
-    return hecho;
 }
 
 void Almacen::ActualizarEsquema()

@@ -56,9 +56,18 @@ public:
 
     // Many writes as one (an import, a load of Tabla3): all reach the disk together,
     // far faster than one commit per row. Not nested.
+    // A transaction that adds many rows to Tabla1 (see UmbralCargaMasiva) becomes a bulk
+    // load: the callsign index is sorted once and the counts taken once at the confirm,
+    // instead of row by row. Reading the counts, the history or the duplicate candidates
+    // in between ends it, and they read right. A failed confirm keeps nothing.
     bool IniciarTransaccion();
     bool ConfirmarTransaccion();
     bool DeshacerTransaccion();
+    // Rows a transaction adds to Tabla1 before it is considered for a bulk load (50,000);
+    // a test lowers it to try the bulk load on a few rows.
+    void UmbralCargaMasiva(int filas);
+    // Whether the open transaction is a bulk load now.
+    bool EnCargaMasiva() const;
 
     // ---- Reading ------------------------------------------------------------------
     // Names of the logs, placeholder-only logs included, case-insensitive order.

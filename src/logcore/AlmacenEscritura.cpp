@@ -3,6 +3,8 @@
 #include "logcore/Almacen.h"
 #include "logcore/AlmacenPrivado.h"
 #include "rules/Senales.h"
+#include <QElapsedTimer>
+#include <cstdio>
 
 using namespace almacen;
 
@@ -52,16 +54,19 @@ qint64 Almacen::AgregarQSO(const RegistroQSO &qso, const QString &logenUso)
 {
     // LbN "1" for every QSO typed here, although "Sólo Subir" then leaves it out: the
     // service's own runs count on it.
-    return d->Insertar(kInsertarTabla1,
-                       ValoresTabla1(qso, logenUso, QStringLiteral("1"), SinBlancos(qso.Nombre_Sat),
-                                     ProvinciaParaGuardar(qso.Estacion)));
+    return d->InsertarEnTabla1(kInsertarTabla1,
+                               ValoresTabla1(qso, logenUso, QStringLiteral("1"),
+                                             SinBlancos(qso.Nombre_Sat),
+                                             ProvinciaParaGuardar(qso.Estacion)),
+                               logenUso);
 }
 
 qint64 Almacen::AgregarQSOImportado(const RegistroQSO &qso, const QString &logenUso)
 {
-    return d->Insertar(
+    return d->InsertarEnTabla1(
         kInsertarTabla1,
-        ValoresTabla1(qso, logenUso, qso.LbN, SinBlancos(qso.Nombre_Sat), SinBlancos(qso.Argento)));
+        ValoresTabla1(qso, logenUso, qso.LbN, SinBlancos(qso.Nombre_Sat), SinBlancos(qso.Argento)),
+        logenUso);
 }
 
 qint64 Almacen::AgregarQSOConcurso(const FilaConcurso &f)
@@ -91,12 +96,13 @@ qint64 Almacen::AgregarQSOEspera(const RegistroQSO &qso, const QString &dupe,
 qint64 Almacen::AgregarLogVacio(const QString &log)
 {
     // Only the name: Modo stays NULL, which is what tells the placeholder from a QSO.
-    return d->Insertar(QStringLiteral("INSERT INTO Tabla1 (\"Nombre Log\") VALUES (?)"),
-                       {Texto(log)});
+    return d->InsertarEnTabla1(QStringLiteral("INSERT INTO Tabla1 (\"Nombre Log\") VALUES (?)"),
+                               {Texto(log)}, log);
 }
 
 bool Almacen::ActualizarQSO(qint64 id, const RegistroQSO &q)
 {
+    d->FinDeCargaMasiva();
     return d->Escribir(
         QStringLiteral("UPDATE Tabla1 SET Modo=?, Banda=?, MyCall=?, Estacion=?, Fecha=?, Hora=?, "
                        "RSE=?, RSR=?, Obs=?, Operador=?, MiGrid=?, SuGrid=?, Frecuencia=?, LbN=?, "
@@ -125,6 +131,7 @@ bool Almacen::ActualizarQSOConcurso(qint64 id, const FilaConcurso &f)
 
 bool Almacen::BorrarQSO(qint64 id)
 {
+    d->FinDeCargaMasiva();
     return d->Escribir(QStringLiteral("DELETE FROM Tabla1 WHERE id=?"), {id});
 }
 
@@ -135,6 +142,7 @@ bool Almacen::BorrarQSOConcurso(qint64 id)
 
 bool Almacen::BorrarLog(const QString &log)
 {
+    d->FinDeCargaMasiva();
     return d->Escribir(QStringLiteral("DELETE FROM Tabla1 WHERE \"Nombre Log\"=?"), {Texto(log)});
 }
 
@@ -150,6 +158,7 @@ bool Almacen::VaciarEspera()
 
 bool Almacen::VaciarTodo()
 {
+    d->FinDeCargaMasiva();
     // Forgetting a table's row in sqlite_sequence is what restarts its ids at 1.
     return d->EnBloque([this] {
         for (const char *tabla : {"Tabla1", "Tabla2", "Tabla3"}) {
@@ -171,4 +180,148 @@ bool Almacen::ExisteLogConcurso(const QString &log)
     const bool hay = q->next();
     q->finish();
     return hay;
+}
+
+// ---- Transactions and the bulk load ------------------------------------------------------------
+
+// A bulk load touches the pages of the callsign and duplicate indexes in no order; with a
+// small cache they would be spilled to the journal and written again and again, so the
+// cache grows for the transaction and shrinks back after it.
+bool Almacen::IniciarTransaccion()
+{
+    d->pagina.valida = false;
+    d->Directa(QStringLiteral("PRAGMA cache_size=-131072"));
+    if (!d->Directa(QStringLiteral("BEGIN")))
+        return false;
+    d->carga = {};
+    d->carga.abierta = true;
+    d->carga.revision = d->umbralMasivo;
+    return true;
+}
+
+bool Almacen::ConfirmarTransaccion()
+{
+    d->pagina.valida = false;
+    // What bulk mode dropped is back before the COMMIT, so the file on disk always has it.
+    // Should that fail, nothing of the transaction is kept rather than a file without it.
+    if (d->carga.masiva && !d->TerminarCargaMasiva()) {
+        const QString causa = d->error;
+        DeshacerTransaccion();
+        d->error = causa;
+        return false;
+    }
+    const bool hecho = d->Directa(QStringLiteral("COMMIT"));
+    if (hecho)
+        d->carga = {};
+    d->Directa(QStringLiteral("PRAGMA cache_size=-32768"));
+    return hecho;
+}
+
+bool Almacen::DeshacerTransaccion()
+{
+    d->pagina.valida = false;
+    // The rollback brings back the index and the trigger with the rows.
+    const bool hecho = d->Directa(QStringLiteral("ROLLBACK"));
+    d->carga = {};
+    d->Directa(QStringLiteral("PRAGMA cache_size=-32768"));
+    return hecho;
+}
+
+void Almacen::UmbralCargaMasiva(int filas)
+{
+    d->umbralMasivo = std::max(filas, 1);
+}
+
+bool Almacen::EnCargaMasiva() const
+{
+    return d->carga.masiva;
+}
+
+qint64 Almacen::Privado::InsertarEnTabla1(const QString &sql, const QVariantList &valores,
+                                          const QString &log)
+{
+    const qint64 id = Insertar(sql, valores);
+    if (id == 0 || !carga.abierta)
+        return id;
+    ++carga.altas;
+    if (carga.masiva) {
+        if (carga.logs.isEmpty() || log != carga.ultimoLog) {
+            carga.logs.insert(log);
+            carga.ultimoLog = log;
+        }
+    } else if (carga.altas >= carga.revision && !carga.vedada) {
+        QuizaCargaMasiva();
+    }
+    return id;
+}
+
+void Almacen::Privado::QuizaCargaMasiva()
+{
+    carga.revision = carga.altas + umbralMasivo;
+    // Sorting the whole index costs about as much per row as inserting one row into it, so
+    // the rebuild pays only once the transaction has added as many rows as the file held.
+    // The counts still include every add made so far, since the trigger was in place.
+    QSqlQuery *q = Preparar(QStringLiteral("SELECT IFNULL(SUM(Filas),0) FROM CuentaLogs"), {});
+    if (!q)
+        return;
+    const qint64 filas = q->next() ? q->value(0).toLongLong() : 0;
+    q->finish();
+    if (carga.altas < filas - carga.altas)
+        return;
+    const bool hecho = EnBloque([this] {
+        return Directa(QStringLiteral("DROP TRIGGER IF EXISTS Tabla1_Alta")) &&
+               Directa(QStringLiteral("DROP INDEX IF EXISTS Tabla1_Estacion"));
+    });
+    // Should the drop fail, the load goes on the ordinary way.
+    carga.masiva = hecho;
+    carga.vedada = !hecho;
+    carga.logs.clear();
+    carga.ultimoLog.clear();
+    error.clear();
+}
+
+bool Almacen::Privado::TerminarCargaMasiva()
+{
+    // Per log added to: its rows counted again, the name it is listed under kept when it was
+    // listed already, else the name of its oldest row, as the trigger would have left it. A
+    // log left with no rows (deleted within the transaction) goes from the list.
+    static const QString contar = QStringLiteral(
+        "INSERT INTO CuentaLogs (\"Nombre Log\", Filas, QSOs, SinFecha) "
+        "SELECT (SELECT \"Nombre Log\" FROM Tabla1 WHERE id=c.primera), c.filas, c.qsos, "
+        "c.sinFecha FROM (SELECT MIN(id) AS primera, COUNT(*) AS filas, "
+        "SUM(IFNULL(Modo<>'',0)) AS qsos, "
+        "SUM(IFNULL(Modo<>'',0) AND (Fecha IS NULL OR Hora IS NULL)) AS sinFecha "
+        "FROM Tabla1 WHERE \"Nombre Log\"=?) AS c WHERE c.filas>0 "
+        "ON CONFLICT (\"Nombre Log\") DO UPDATE SET Filas=excluded.Filas, QSOs=excluded.QSOs, "
+        "SinFecha=excluded.SinFecha");
+    static const QString quitar = QStringLiteral(
+        "DELETE FROM CuentaLogs WHERE \"Nombre Log\"=? AND NOT EXISTS "
+        "(SELECT 1 FROM Tabla1 WHERE \"Nombre Log\"=?)");
+    const bool hecho = EnBloque([this] {
+        QElapsedTimer TMP; TMP.start();
+        if (!Directa(QLatin1String(kIndiceEstacion)))
+            return false;
+        fprintf(stderr, "TMP indice %.3f\n", TMP.nsecsElapsed()/1e9); TMP.restart();
+        for (const QString &log : std::as_const(carga.logs)) {
+            if (!Escribir(contar, {Texto(log)}) || !Escribir(quitar, {Texto(log), Texto(log)}))
+                return false;
+        }
+        fprintf(stderr, "TMP cuentas %.3f\n", TMP.nsecsElapsed()/1e9); TMP.restart();
+        return Directa(DisparadorAlta());
+    });
+    if (hecho) {
+        carga.masiva = false;
+        carga.logs.clear();
+        carga.ultimoLog.clear();
+    }
+    return hecho;
+}
+
+void Almacen::Privado::FinDeCargaMasiva()
+{
+    if (!carga.abierta || carga.altas == 0)
+        return;
+    carga.vedada = true;
+    if (carga.masiva)
+        TerminarCargaMasiva();
 }

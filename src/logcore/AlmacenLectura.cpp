@@ -134,12 +134,14 @@ QStringList Almacen::Privado::Textos(const QString &sql, const QVariantList &val
 
 QStringList Almacen::Logs()
 {
+    d->FinDeCargaMasiva();
     return d->Textos(
         QStringLiteral("SELECT \"Nombre Log\" FROM CuentaLogs ORDER BY \"Nombre Log\""), {});
 }
 
 QVector<QPair<QString, qint64>> Almacen::LogsConCantidad()
 {
+    d->FinDeCargaMasiva();
     QVector<QPair<QString, qint64>> logs;
     if (QSqlQuery *q = d->Preparar(
             QStringLiteral("SELECT \"Nombre Log\", QSOs FROM CuentaLogs ORDER BY \"Nombre Log\""),
@@ -153,6 +155,7 @@ QVector<QPair<QString, qint64>> Almacen::LogsConCantidad()
 
 qint64 Almacen::CantidadQSOs(const QString &log)
 {
+    d->FinDeCargaMasiva();
     const QStringList n = d->Textos(
         QStringLiteral("SELECT QSOs FROM CuentaLogs WHERE \"Nombre Log\"=?"), {Texto(log)});
     return n.isEmpty() ? 0 : n.first().toLongLong();
@@ -165,6 +168,7 @@ QVector<FilaQSO> Almacen::PaginaLog(const QString &log, qint64 filaInicial, int 
     Privado::Pagina &cache = d->pagina;
     if (tamano <= 0)
         return {};
+    d->FinDeCargaMasiva();
     const qint64 fila = std::max<qint64>(filaInicial, 1);
 
     // The count of QSOs, and whether any of them lacks a date or time: such a row cannot be
@@ -287,6 +291,7 @@ QVector<FilaQSO> Almacen::HistorialDe(const QString &log, const QString &inicioS
 {
     // The part before the first wildcard bounds a range of the (log, Estacion) index; the
     // LIKE then applies the whole pattern within it.
+    d->FinDeCargaMasiva();
     qsizetype largoFijo = 0;
     while (largoFijo < inicioSenal.size() && inicioSenal.at(largoFijo) != QLatin1Char('*') &&
            inicioSenal.at(largoFijo) != QLatin1Char('?'))
@@ -330,6 +335,7 @@ QVector<FilaQSO> Almacen::PendientesLbN(const QString &log)
 QVector<FilaQSO> Almacen::Candidatos(const QString &log, const QString &modo, const QString &banda,
                                      const QString &myCall, const QString &estacion)
 {
+    d->FinDeCargaMasiva();
     static const QString sql = DeTabla1("WHERE \"Nombre Log\"=? AND Modo=? AND Banda=? AND "
                                         "MyCall=? AND Estacion=? ORDER BY id");
     return d->Filas(sql, {Texto(log), Texto(modo), Texto(banda), Texto(myCall), Texto(estacion)});

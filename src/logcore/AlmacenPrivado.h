@@ -4,6 +4,7 @@
 
 #include "logcore/Almacen.h"
 
+#include <QSet>
 #include <QSqlQuery>
 #include <QString>
 #include <QVariant>
@@ -38,6 +39,10 @@ inline QVariant Texto(const QString &s)
 {
     return s.isNull() ? QVariant(QStringLiteral("")) : QVariant(s);
 }
+
+// Pieces of the schema that a bulk load drops and makes again.
+extern const char *const kIndiceEstacion; // CREATE INDEX of Tabla1_Estacion
+const QString &DisparadorAlta();          // CREATE TRIGGER of Tabla1_Alta
 
 // The position of a row in the view's order, as stored (Fecha in its stored form).
 struct Clave
@@ -76,6 +81,24 @@ struct Almacen::Privado
         qint64 version = 0;
     } pagina;
 
+    // The transaction opened by IniciarTransaccion, and its bulk mode. Past a number of adds
+    // to Tabla1, once they are as many as the rows the file held before, the callsign index
+    // and the insert trigger of the counts are dropped inside the transaction: a million
+    // callsigns in no order cost far more to insert one by one into the index than to sort
+    // once. Before the COMMIT the index is made again, the counts of the logs added to are
+    // taken anew and the trigger comes back, so the file is never seen without them.
+    struct Carga
+    {
+        bool abierta = false; // between IniciarTransaccion and its end
+        bool masiva = false;  // index and insert trigger dropped
+        bool vedada = false;  // the transaction read what bulk mode leaves behind
+        qint64 altas = 0;     // rows added to Tabla1 in the transaction
+        qint64 revision = 0;  // altas at which bulk mode is considered again
+        QSet<QString> logs;   // logs added to while masiva
+        QString ultimoLog;    // the last of them, to skip the set for runs of one log
+    } carga;
+    int umbralMasivo = 50000;
+
     bool Abierta() const { return db.isValid() && db.isOpen(); }
     // Prepares the statement on first use (forward only), binds the values in order and
     // runs it. nullptr on failure, with the engine's text in error. The caller reads its
@@ -86,6 +109,17 @@ struct Almacen::Privado
     // A write; it forgets the page read last.
     bool Escribir(const QString &sql, const QVariantList &valores);
     qint64 Insertar(const QString &sql, const QVariantList &valores);
+    // An add to Tabla1 (log is the row's "Nombre Log"): it counts for the bulk mode.
+    qint64 InsertarEnTabla1(const QString &sql, const QVariantList &valores, const QString &log);
+    // Bulk mode on, when the transaction has added enough; and off again within it: the
+    // index made, the counts of the logs added to taken anew, the trigger back.
+    void QuizaCargaMasiva();
+    bool TerminarCargaMasiva();
+    // Before a read of the counts or of the callsign index, and before a change or delete
+    // in Tabla1: bulk mode ends, so that the read is right and the triggers count the
+    // change as ever, and a transaction that does these between its adds is no bulk load.
+    void FinDeCargaMasiva();
+
     // Several statements that stand or fall together, nested in the caller's transaction.
     bool EnBloque(const std::function<bool()> &trabajo);
 

@@ -3,6 +3,7 @@
 // one QSO, the log view with its navigator, the keyboard commands and the closing run.
 
 #include "config/EnlacePrincipal.h"
+#include "config/Memoria.h"
 #include "logcore/NavegadorPaginas.h"
 
 #include <QMainWindow>
@@ -159,6 +160,7 @@ private:
     void RestaurarMemoria();
     void GuardarMemEntrada();
     void GuardarMemFinal();
+    MemoriaEntrada MemoriaActual() const;
 
     // Entry helpers.
     bool AlTeclear(QLineEdit *campo, QKeyEvent *tecla);

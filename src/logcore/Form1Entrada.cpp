@@ -3,6 +3,7 @@
 #include "config/Form2.h"
 #include "logcore/Contexto.h"
 #include "logcore/Form1.h"
+#include "logcore/TeclaEnCampo.h"
 #include "logcore/Twips.h"
 #include "rules/Bandas.h"
 #include "rules/Entrada.h"
@@ -114,20 +115,7 @@ bool Form1::AlTeclear(QLineEdit *campo, QKeyEvent *tecla)
         filtro = FiltroTecla::D;
     else
         return false;
-    const QString texto = tecla->text();
-    if (texto.size() != 1 || (tecla->modifiers() & (Qt::ControlModifier | Qt::AltModifier)))
-        return false;
-    const QChar c = texto.at(0);
-    if (c.unicode() < 32 || c.unicode() == 127) // Enter, Tab, Backspace, Delete: the editor's
-        return false;
-    const auto paso = FiltrarTecla(filtro, c);
-    if (!paso)
-        return true;
-    if (*paso != c) {
-        campo->insert(QString(*paso));
-        return true;
-    }
-    return false;
+    return FiltrarTeclaEnCampo(campo, tecla, filtro);
 }
 
 bool Form1::ValidarCampo(QLineEdit *campo)

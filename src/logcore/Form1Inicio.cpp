@@ -132,7 +132,7 @@ void Form1::RestaurarMemoria()
         Check2->setChecked(*m.check2 != 0);
 }
 
-void Form1::GuardarMemEntrada()
+MemoriaEntrada Form1::MemoriaActual() const
 {
     MemoriaEntrada m;
     m.mhz = mhz->currentText();
@@ -141,19 +141,17 @@ void Form1::GuardarMemEntrada()
     m.check1 = Check1->isChecked() ? 1 : 0;
     m.modo = Combo1->currentText();
     m.check2 = Check2->isChecked() ? 1 : 0;
-    GuardarMem(ctx.Carpeta(), m);
+    return m;
+}
+
+void Form1::GuardarMemEntrada()
+{
+    GuardarMem(ctx.Carpeta(), MemoriaActual());
 }
 
 void Form1::GuardarMemFinal()
 {
-    MemoriaEntrada m;
-    m.mhz = mhz->currentText();
-    m.khz = Text1->text();
-    m.banda = Label7->text();
-    m.check1 = Check1->isChecked() ? 1 : 0;
-    m.modo = Combo1->currentText();
-    m.check2 = Check2->isChecked() ? 1 : 0;
-    GuardarMemSalida(ctx.Carpeta(), m);
+    GuardarMemSalida(ctx.Carpeta(), MemoriaActual());
 }
 
 QString Form1::SenalPropia() const
