@@ -15,6 +15,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QRandomGenerator>
 #include <QTest>
 #include <QTimer>
 #include <QTreeWidget>
@@ -110,6 +111,7 @@ private Q_SLOTS:
     void presencia_data();
     void presencia();
     void elSiguienteArranqueSigueDondeQuedo();
+    void tecleoAlAzarNoRompeNiPierde();
 };
 
 void TestForm1::arranque()
@@ -554,6 +556,35 @@ void TestForm1::elSiguienteArranqueSigueDondeQuedo()
     QVERIFY(f.Check1->isChecked());
     QVERIFY(f.Check3->isChecked());
     QCOMPARE(f.Frame1->title(), QStringLiteral("Pruebas"));
+}
+
+void TestForm1::tecleoAlAzarNoRompeNiPierde()
+{
+    Ventana v;
+    v.LlenarLog(25);
+    v.f->Check1->click(); // date and time open to typing too
+    const QList<Qt::Key> teclas{Qt::Key_Return, Qt::Key_Tab,    Qt::Key_Backtab,
+                                Qt::Key_F5,     Qt::Key_PageUp, Qt::Key_PageDown,
+                                Qt::Key_Home,   Qt::Key_End,    Qt::Key_Backspace,
+                                Qt::Key_Escape, Qt::Key_F1,     Qt::Key_Delete};
+    const QString caracteres = QStringLiteral("lu0123456789abcxyzW/:,.'?- ");
+    QRandomGenerator azar(4242);
+    for (int i = 0; i < 1500; ++i) {
+        QWidget *foco = v.Foco() ? v.Foco() : v.f.get();
+        const int suerte = azar.bounded(6);
+        if (suerte < 2) // mostly Enter, so that QSOs do go in now and then
+            QTest::keyClick(foco, Qt::Key_Return);
+        else if (suerte == 2)
+            QTest::keyClick(foco, teclas.at(azar.bounded(int(teclas.size()))));
+        else
+            QTest::keyClicks(foco, QString(caracteres.at(azar.bounded(int(caracteres.size())))));
+    }
+    QApplication::processEvents();
+    // Whatever was refused or entered, the stored QSOs are all still there and the view
+    // counts them all.
+    const qint64 n = v.p->almacen().CantidadQSOs(QStringLiteral("Pruebas"));
+    QVERIFY2(n > 25, "el tecleo no llegó a ingresar ningún QSO");
+    QCOMPARE(v.f->Label6->text(), QStringLiteral("Log: Pruebas, con %1 QSOs").arg(n));
 }
 
 QTEST_MAIN(TestForm1)
