@@ -10,6 +10,8 @@
 
 using namespace almacen;
 
+const char *const almacen::kIndiceVista =
+    "CREATE INDEX IF NOT EXISTS Tabla1_Vista ON Tabla1 (\"Nombre Log\", Fecha, Hora, id, Modo)";
 const char *const almacen::kIndiceEstacion =
     "CREATE INDEX IF NOT EXISTS Tabla1_Estacion ON Tabla1 (\"Nombre Log\", Estacion, Modo, Banda, "
     "MyCall)";
@@ -115,34 +117,55 @@ const char *const kLlenarCuentas =
 // the callsign history (a range on its first two columns) and the duplicate key (equality
 // on all five): one index fewer to keep up on every insert.
 const char *const kIndices[] = {
-    "CREATE INDEX IF NOT EXISTS Tabla1_Vista ON Tabla1 (\"Nombre Log\", Fecha, Hora, id, Modo)",
+    almacen::kIndiceVista,
     almacen::kIndiceEstacion,
     "CREATE INDEX IF NOT EXISTS Tabla2_Log ON Tabla2 (\"Nombre Log\", Modo, Banda, Estacion)",
 };
 
-bool SonDigitos(const QString &s, std::initializer_list<int> posiciones)
+// The number written with the ASCII digits s[desde, desde + n), or -1 when one is not a digit.
+int Numero(QStringView s, qsizetype desde, qsizetype n)
 {
-    for (int i : posiciones)
-        if (s.at(i) < QLatin1Char('0') || s.at(i) > QLatin1Char('9'))
-            return false;
-    return true;
+    int valor = 0;
+    for (qsizetype i = desde; i < desde + n; ++i) {
+        const char16_t c = s[i].unicode();
+        if (c < u'0' || c > u'9')
+            return -1;
+        valor = valor * 10 + (c - u'0');
+    }
+    return valor;
+}
+
+bool EsFecha(int anio, int mes, int dia)
+{
+    return anio >= 0 && mes >= 0 && dia >= 0 && QDate::isValid(anio, mes, dia);
 }
 
 // "dd/mm/yyyy" with ASCII digits and a real calendar date.
-bool EsFechaDMY(const QString &f)
+bool EsFechaDMY(QStringView f)
 {
-    if (f.size() != 10 || f.at(2) != QLatin1Char('/') || f.at(5) != QLatin1Char('/') ||
-        !SonDigitos(f, {0, 1, 3, 4, 6, 7, 8, 9}))
-        return false;
-    return QDate(f.mid(6, 4).toInt(), f.mid(3, 2).toInt(), f.left(2).toInt()).isValid();
+    return f.size() == 10 && f[2] == u'/' && f[5] == u'/' &&
+           EsFecha(Numero(f, 6, 4), Numero(f, 3, 2), Numero(f, 0, 2));
 }
 
-bool EsFechaISO(const QString &f)
+bool EsFechaISO(QStringView f)
 {
-    if (f.size() != 10 || f.at(4) != QLatin1Char('-') || f.at(7) != QLatin1Char('-') ||
-        !SonDigitos(f, {0, 1, 2, 3, 5, 6, 8, 9}))
-        return false;
-    return QDate(f.left(4).toInt(), f.mid(5, 2).toInt(), f.mid(8, 2).toInt()).isValid();
+    return f.size() == 10 && f[4] == u'-' && f[7] == u'-' &&
+           EsFecha(Numero(f, 0, 4), Numero(f, 5, 2), Numero(f, 8, 2));
+}
+
+// The ten characters of one date form put in the order of the other: the groups of
+// digits are taken from desde and written one after another with the separator.
+QString Reordenada(QStringView f, std::initializer_list<std::pair<int, int>> grupos, char16_t sep)
+{
+    QString r(10, Qt::Uninitialized);
+    QChar *p = r.data();
+    for (const auto &[desde, n] : grupos) {
+        if (p != r.data())
+            *p++ = QChar(sep);
+        for (int i = desde; i < desde + n; ++i)
+            *p++ = f[i];
+    }
+    return r;
 }
 
 std::atomic<int> g_instancias{0};
@@ -160,17 +183,20 @@ QString almacen::FechaParaGuardar(const QString &fecha)
 {
     if (fecha.isEmpty())
         return fecha;
-    if (EsFechaDMY(fecha))
-        return fecha.mid(6, 4) + QLatin1Char('-') + fecha.mid(3, 2) + QLatin1Char('-') +
-               fecha.left(2);
-    return QLatin1Char('!') + fecha;
+    // A load brings the same date for many QSOs one after another: the last one is kept.
+    thread_local QString ultima, guardada;
+    if (fecha == ultima)
+        return guardada;
+    guardada = EsFechaDMY(fecha) ? Reordenada(fecha, {{6, 4}, {3, 2}, {0, 2}}, u'-')
+                                 : QLatin1Char('!') + fecha;
+    ultima = fecha;
+    return guardada;
 }
 
 QString almacen::FechaLeida(const QString &guardada)
 {
     if (EsFechaISO(guardada))
-        return guardada.mid(8, 2) + QLatin1Char('/') + guardada.mid(5, 2) + QLatin1Char('/') +
-               guardada.left(4);
+        return Reordenada(guardada, {{8, 2}, {5, 2}, {0, 4}}, u'/');
     if (guardada.startsWith(QLatin1Char('!')))
         return guardada.mid(1);
     return guardada;
@@ -211,24 +237,36 @@ QSqlQuery *Almacen::Privado::Preparar(const QString &sql, const QVariantList &va
         error = QStringLiteral("La base de datos no está abierta.");
         return nullptr;
     }
-    auto it = consultas.find(sql);
-    if (it == consultas.end()) {
-        QSqlQuery q(db);
-        q.setForwardOnly(true);
-        if (!q.prepare(sql)) {
-            error = q.lastError().text();
-            return nullptr;
+    // The same statement again, as the adds of a load run it: when its text is the very one
+    // kept as the key (the same characters, which the key keeps alive), hashing it again
+    // is spared.
+    if (!ultima || sql.constData() != ultima->first.constData() ||
+        sql.size() != ultima->first.size()) {
+        auto it = consultas.find(sql);
+        if (it == consultas.end()) {
+            QSqlQuery q(db);
+            q.setForwardOnly(true);
+            if (!q.prepare(sql)) {
+                error = q.lastError().text();
+                return nullptr;
+            }
+            it = consultas.emplace(sql, Preparada{std::move(q), {}}).first;
         }
-        it = consultas.emplace(sql, Preparada{std::move(q), {}}).first;
+        ultima = &*it;
     }
-    QSqlQuery &q = it->second.q;
-    QVariantList &ligados = it->second.valores;
+    QSqlQuery &q = ultima->second.q;
+    QVariantList &ligados = ultima->second.valores;
     ligados.resize(valores.size());
     for (int i = 0; i < valores.size(); ++i) {
         const QVariant &v = valores.at(i);
-        if (ligados.at(i).isValid() && ligados.at(i).metaType() == v.metaType() &&
-            ligados.at(i) == v)
-            continue;
+        const QVariant &antes = ligados.at(i);
+        if (antes.isValid() && antes.metaType() == v.metaType()) {
+            // Texts, nearly all of them, compared as texts: the general comparison of
+            // two values costs several times more.
+            const QString *texto = TextoEn(v);
+            if (texto ? *texto == *TextoEn(antes) : antes == v)
+                continue;
+        }
         q.bindValue(i, v);
         ligados[i] = v;
     }
@@ -468,6 +506,7 @@ QString Almacen::Abrir(const QString &archivo)
 
 void Almacen::Cerrar()
 {
+    d->ultima = nullptr;
     d->consultas.clear();
     d->pagina = {};
     d->carga = {};

@@ -55,11 +55,11 @@ public:
     bool ExisteLogConcurso(const QString &log);
 
     // Many writes as one (an import, a load of Tabla3): all reach the disk together,
-    // far faster than one commit per row. Not nested.
-    // A transaction that adds many rows to Tabla1 (see UmbralCargaMasiva) becomes a bulk
-    // load: the callsign index is sorted once and the counts taken once at the confirm,
-    // instead of row by row. Reading the counts, the history or the duplicate candidates
-    // in between ends it, and they read right. A failed confirm keeps nothing.
+    // far faster than one commit per row. Not nested. A transaction that adds many rows
+    // to Tabla1 (see UmbralCargaMasiva) becomes a bulk load: its indexes are sorted once
+    // and its counts added once at the confirm, instead of row by row. Reading a log
+    // (other than one row by id), or changing or deleting a row, in between ends it, and
+    // every read is right. A confirm that fails keeps nothing of the transaction.
     bool IniciarTransaccion();
     bool ConfirmarTransaccion();
     bool DeshacerTransaccion();

@@ -3,8 +3,8 @@
 #include "logcore/Almacen.h"
 #include "logcore/AlmacenPrivado.h"
 #include "rules/Senales.h"
-#include <QElapsedTimer>
-#include <cstdio>
+
+#include <algorithm>
 
 using namespace almacen;
 
@@ -25,27 +25,22 @@ const QString kInsertarTabla2 = QStringLiteral(
     "INSERT INTO Tabla2 (Modo, Banda, MyCall, Estacion, Fecha, Hora, RSE, RSR, Obs, "
     "\"Nombre Log\", Frecuencia, LbN, Nombre_Sat) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
 
+// Where kInsertarTabla1 and the placeholder's insert bind what the counts look at.
+constexpr Contadas kContadasTabla1{0, 4, 5, 10};
+constexpr Contadas kContadasVacio{-1, -1, -1, 0};
+
 // The values of kInsertarTabla1, columns 1 to 17, with the last three as each add decides.
 QVariantList ValoresTabla1(const RegistroQSO &q, const QString &log, const QString &lbn,
                            const QString &satelite, const QString &argento)
 {
-    return {Texto(q.Modo),
-            Texto(q.Banda),
-            Texto(q.MyCall),
-            Texto(q.Estacion),
-            Texto(FechaParaGuardar(q.Fecha)),
-            Texto(q.Hora),
-            Texto(q.RSE),
-            Texto(q.RSR),
-            Texto(q.Obs),
-            Texto(q.Operador),
-            Texto(log),
-            Texto(q.Frecuencia),
-            Texto(q.MiGrid),
-            Texto(q.SuGrid),
-            Texto(lbn),
-            Texto(satelite),
-            Texto(argento)};
+    const QString fecha = FechaParaGuardar(q.Fecha);
+    QVariantList valores;
+    valores.reserve(17);
+    for (const QString *texto :
+         {&q.Modo, &q.Banda, &q.MyCall, &q.Estacion, &fecha, &q.Hora, &q.RSE, &q.RSR, &q.Obs,
+          &q.Operador, &log, &q.Frecuencia, &q.MiGrid, &q.SuGrid, &lbn, &satelite, &argento})
+        valores.emplaceBack(Texto(*texto));
+    return valores;
 }
 
 } // namespace
@@ -58,7 +53,7 @@ qint64 Almacen::AgregarQSO(const RegistroQSO &qso, const QString &logenUso)
                                ValoresTabla1(qso, logenUso, QStringLiteral("1"),
                                              SinBlancos(qso.Nombre_Sat),
                                              ProvinciaParaGuardar(qso.Estacion)),
-                               logenUso);
+                               kContadasTabla1);
 }
 
 qint64 Almacen::AgregarQSOImportado(const RegistroQSO &qso, const QString &logenUso)
@@ -66,7 +61,7 @@ qint64 Almacen::AgregarQSOImportado(const RegistroQSO &qso, const QString &logen
     return d->InsertarEnTabla1(
         kInsertarTabla1,
         ValoresTabla1(qso, logenUso, qso.LbN, SinBlancos(qso.Nombre_Sat), SinBlancos(qso.Argento)),
-        logenUso);
+        kContadasTabla1);
 }
 
 qint64 Almacen::AgregarQSOConcurso(const FilaConcurso &f)
@@ -97,7 +92,7 @@ qint64 Almacen::AgregarLogVacio(const QString &log)
 {
     // Only the name: Modo stays NULL, which is what tells the placeholder from a QSO.
     return d->InsertarEnTabla1(QStringLiteral("INSERT INTO Tabla1 (\"Nombre Log\") VALUES (?)"),
-                               {Texto(log)}, log);
+                               {Texto(log)}, kContadasVacio);
 }
 
 bool Almacen::ActualizarQSO(qint64 id, const RegistroQSO &q)
@@ -184,9 +179,10 @@ bool Almacen::ExisteLogConcurso(const QString &log)
 
 // ---- Transactions and the bulk load ------------------------------------------------------------
 
-// A bulk load touches the pages of the callsign and duplicate indexes in no order; with a
-// small cache they would be spilled to the journal and written again and again, so the
-// cache grows for the transaction and shrinks back after it.
+// A load touches the pages of the callsign and duplicate index in no order; with a small
+// cache they would be spilled to the journal and written again and again, so the cache
+// grows for the transaction and shrinks back after it. The sorts that end a bulk load
+// work in the same memory.
 bool Almacen::IniciarTransaccion()
 {
     d->pagina.valida = false;
@@ -202,8 +198,8 @@ bool Almacen::IniciarTransaccion()
 bool Almacen::ConfirmarTransaccion()
 {
     d->pagina.valida = false;
-    // What bulk mode dropped is back before the COMMIT, so the file on disk always has it.
-    // Should that fail, nothing of the transaction is kept rather than a file without it.
+    // What bulk mode dropped is back before the COMMIT, so the file on disk always has it;
+    // should that fail, nothing of the transaction is kept rather than a file without it.
     if (d->carga.masiva && !d->TerminarCargaMasiva()) {
         const QString causa = d->error;
         DeshacerTransaccion();
@@ -220,7 +216,7 @@ bool Almacen::ConfirmarTransaccion()
 bool Almacen::DeshacerTransaccion()
 {
     d->pagina.valida = false;
-    // The rollback brings back the index and the trigger with the rows.
+    // The rollback brings the indexes and the trigger back with the rows.
     const bool hecho = d->Directa(QStringLiteral("ROLLBACK"));
     d->carga = {};
     d->Directa(QStringLiteral("PRAGMA cache_size=-32768"));
@@ -238,29 +234,72 @@ bool Almacen::EnCargaMasiva() const
 }
 
 qint64 Almacen::Privado::InsertarEnTabla1(const QString &sql, const QVariantList &valores,
-                                          const QString &log)
+                                          const almacen::Contadas &columnas)
 {
     const qint64 id = Insertar(sql, valores);
     if (id == 0 || !carga.abierta)
         return id;
     ++carga.altas;
-    if (carga.masiva) {
-        if (carga.logs.isEmpty() || log != carga.ultimoLog) {
-            carga.logs.insert(log);
-            carga.ultimoLog = log;
-        }
-    } else if (carga.altas >= carga.revision && !carga.vedada) {
+    if (carga.masiva)
+        Sumar(valores, columnas);
+    else if (carga.altas >= carga.revision && !carga.vedada)
         QuizaCargaMasiva();
-    }
     return id;
+}
+
+namespace {
+
+// NULL in the file: no value, or a null text (which the driver binds as NULL).
+bool EsNulo(const QVariant &v)
+{
+    const QString *texto = TextoEn(v);
+    return texto ? texto->isNull() : !v.isValid() || v.isNull();
+}
+
+// A log name as a NOCASE column compares it: the ASCII letters folded, nothing else.
+QString ComoNocase(QString nombre)
+{
+    for (QChar &c : nombre)
+        if (c >= u'A' && c <= u'Z')
+            c = QChar(c.unicode() + (u'a' - u'A'));
+    return nombre;
+}
+
+} // namespace
+
+// What the insert trigger adds to CuentaLogs for the row, with its same rules: a row of no
+// log is not counted; a QSO has a Modo that is neither NULL nor ''; a QSO without a date
+// lacks Fecha or Hora.
+void Almacen::Privado::Sumar(const QVariantList &valores, const almacen::Contadas &columnas)
+{
+    auto nulo = [&](int i) { return i < 0 || EsNulo(valores.at(i)); };
+    if (nulo(columnas.log))
+        return;
+    const QString log = valores.at(columnas.log).toString();
+    if (carga.ultimaSuma < 0 || log != carga.ultimoLog) {
+        const QString clave = ComoNocase(log);
+        auto it = carga.indice.constFind(clave);
+        if (it == carga.indice.cend()) {
+            it = carga.indice.insert(clave, carga.sumas.size());
+            carga.sumas.append({log});
+        }
+        carga.ultimaSuma = it.value();
+        carga.ultimoLog = log;
+    }
+    Carga::Suma &suma = carga.sumas[carga.ultimaSuma];
+    const bool qso = !nulo(columnas.modo) && !valores.at(columnas.modo).toString().isEmpty();
+    ++suma.filas;
+    suma.qsos += qso ? 1 : 0;
+    suma.sinFecha += qso && (nulo(columnas.fecha) || nulo(columnas.hora)) ? 1 : 0;
 }
 
 void Almacen::Privado::QuizaCargaMasiva()
 {
     carga.revision = carga.altas + umbralMasivo;
-    // Sorting the whole index costs about as much per row as inserting one row into it, so
-    // the rebuild pays only once the transaction has added as many rows as the file held.
-    // The counts still include every add made so far, since the trigger was in place.
+    // Sorting an index costs about half as much per row as inserting the rows into it one
+    // by one, and the sort takes in the whole table: it pays once the transaction has added
+    // as many rows as the file held before. The counts include every row added so far,
+    // since until now the trigger was in place.
     QSqlQuery *q = Preparar(QStringLiteral("SELECT IFNULL(SUM(Filas),0) FROM CuentaLogs"), {});
     if (!q)
         return;
@@ -268,51 +307,39 @@ void Almacen::Privado::QuizaCargaMasiva()
     q->finish();
     if (carga.altas < filas - carga.altas)
         return;
-    const bool hecho = EnBloque([this] {
-        return Directa(QStringLiteral("DROP TRIGGER IF EXISTS Tabla1_Alta")) &&
-               Directa(QStringLiteral("DROP INDEX IF EXISTS Tabla1_Estacion"));
-    });
     // Should the drop fail, the load goes on the ordinary way.
-    carga.masiva = hecho;
-    carga.vedada = !hecho;
-    carga.logs.clear();
-    carga.ultimoLog.clear();
+    carga.masiva = EnBloque([this] {
+        return Directa(QStringLiteral("DROP TRIGGER IF EXISTS Tabla1_Alta")) &&
+               Directa(QStringLiteral("DROP INDEX IF EXISTS Tabla1_Estacion")) &&
+               Directa(QStringLiteral("DROP INDEX IF EXISTS Tabla1_Vista"));
+    });
+    carga.vedada = !carga.masiva;
     error.clear();
 }
 
 bool Almacen::Privado::TerminarCargaMasiva()
 {
-    // Per log added to: its rows counted again, the name it is listed under kept when it was
-    // listed already, else the name of its oldest row, as the trigger would have left it. A
-    // log left with no rows (deleted within the transaction) goes from the list.
-    static const QString contar = QStringLiteral(
-        "INSERT INTO CuentaLogs (\"Nombre Log\", Filas, QSOs, SinFecha) "
-        "SELECT (SELECT \"Nombre Log\" FROM Tabla1 WHERE id=c.primera), c.filas, c.qsos, "
-        "c.sinFecha FROM (SELECT MIN(id) AS primera, COUNT(*) AS filas, "
-        "SUM(IFNULL(Modo<>'',0)) AS qsos, "
-        "SUM(IFNULL(Modo<>'',0) AND (Fecha IS NULL OR Hora IS NULL)) AS sinFecha "
-        "FROM Tabla1 WHERE \"Nombre Log\"=?) AS c WHERE c.filas>0 "
-        "ON CONFLICT (\"Nombre Log\") DO UPDATE SET Filas=excluded.Filas, QSOs=excluded.QSOs, "
-        "SinFecha=excluded.SinFecha");
-    static const QString quitar = QStringLiteral(
-        "DELETE FROM CuentaLogs WHERE \"Nombre Log\"=? AND NOT EXISTS "
-        "(SELECT 1 FROM Tabla1 WHERE \"Nombre Log\"=?)");
+    // While bulk mode lasts the transaction only adds rows (a change or delete ends it
+    // first), so the counts it kept are what the trigger would have added: a log listed
+    // already keeps its name, a new one takes the name of its first row.
+    static const QString sumar = QStringLiteral(
+        "INSERT INTO CuentaLogs (\"Nombre Log\", Filas, QSOs, SinFecha) VALUES (?, ?, ?, ?) "
+        "ON CONFLICT (\"Nombre Log\") DO UPDATE SET Filas=Filas+excluded.Filas, "
+        "QSOs=QSOs+excluded.QSOs, SinFecha=SinFecha+excluded.SinFecha");
     const bool hecho = EnBloque([this] {
-        QElapsedTimer TMP; TMP.start();
-        if (!Directa(QLatin1String(kIndiceEstacion)))
+        if (!Directa(QLatin1String(kIndiceVista)) || !Directa(QLatin1String(kIndiceEstacion)))
             return false;
-        fprintf(stderr, "TMP indice %.3f\n", TMP.nsecsElapsed()/1e9); TMP.restart();
-        for (const QString &log : std::as_const(carga.logs)) {
-            if (!Escribir(contar, {Texto(log)}) || !Escribir(quitar, {Texto(log), Texto(log)}))
+        for (const Carga::Suma &s : std::as_const(carga.sumas))
+            if (!Escribir(sumar, {Texto(s.nombre), s.filas, s.qsos, s.sinFecha}))
                 return false;
-        }
-        fprintf(stderr, "TMP cuentas %.3f\n", TMP.nsecsElapsed()/1e9); TMP.restart();
         return Directa(DisparadorAlta());
     });
     if (hecho) {
         carga.masiva = false;
-        carga.logs.clear();
+        carga.sumas.clear();
+        carga.indice.clear();
         carga.ultimoLog.clear();
+        carga.ultimaSuma = -1;
     }
     return hecho;
 }

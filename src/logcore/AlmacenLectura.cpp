@@ -270,6 +270,7 @@ QVector<FilaQSO> Almacen::PaginaLog(const QString &log, qint64 filaInicial, int 
 
 std::optional<FilaQSO> Almacen::UltimoQSO(const QString &log)
 {
+    d->FinDeCargaMasiva();
     static const QString sql =
         DeTabla1(kDelLog) + QLatin1String(kNuevos) + QStringLiteral("LIMIT 1");
     const QVector<FilaQSO> filas = d->Filas(sql, {Texto(log)});
@@ -289,9 +290,9 @@ std::optional<FilaQSO> Almacen::QSOPorId(const QString &log, qint64 id)
 
 QVector<FilaQSO> Almacen::HistorialDe(const QString &log, const QString &inicioSenal)
 {
+    d->FinDeCargaMasiva();
     // The part before the first wildcard bounds a range of the (log, Estacion) index; the
     // LIKE then applies the whole pattern within it.
-    d->FinDeCargaMasiva();
     qsizetype largoFijo = 0;
     while (largoFijo < inicioSenal.size() && inicioSenal.at(largoFijo) != QLatin1Char('*') &&
            inicioSenal.at(largoFijo) != QLatin1Char('?'))
@@ -315,18 +316,21 @@ QVector<FilaQSO> Almacen::HistorialDe(const QString &log, const QString &inicioS
 
 QVector<FilaQSO> Almacen::LogCompletoDescendente(const QString &log)
 {
+    d->FinDeCargaMasiva();
     static const QString sql = DeTabla1("WHERE \"Nombre Log\"=? ") + QLatin1String(kNuevos);
     return d->Filas(sql, {Texto(log)});
 }
 
 QVector<FilaQSO> Almacen::LogCompletoAscendente(const QString &log)
 {
+    d->FinDeCargaMasiva();
     static const QString sql = DeTabla1("WHERE \"Nombre Log\"=? ") + QLatin1String(kViejos);
     return d->Filas(sql, {Texto(log)});
 }
 
 QVector<FilaQSO> Almacen::PendientesLbN(const QString &log)
 {
+    d->FinDeCargaMasiva();
     static const QString sql =
         DeTabla1("WHERE \"Nombre Log\"=? AND (LbN='' OR LbN='0') ") + QLatin1String(kViejos);
     return d->Filas(sql, {Texto(log)});
@@ -344,6 +348,7 @@ QVector<FilaQSO> Almacen::Candidatos(const QString &log, const QString &modo, co
 QVector<FilaQSO> Almacen::BuscarQSOs(const QString &log, const QString &myCall,
                                      const QString &operador)
 {
+    d->FinDeCargaMasiva();
     QString sql = DeTabla1(kDelLog);
     QVariantList valores = {Texto(log)};
     if (!myCall.isEmpty()) {
@@ -359,6 +364,7 @@ QVector<FilaQSO> Almacen::BuscarQSOs(const QString &log, const QString &myCall,
 
 QVector<FilaQSO> Almacen::ExportarQSOs(const QString &log, const FiltroExportacion &filtro)
 {
+    d->FinDeCargaMasiva();
     QString sql = DeTabla1("WHERE \"Nombre Log\"=? ");
     QVariantList valores = {Texto(log)};
     const std::pair<const char *, const QString *> patrones[] = {{"MyCall", &filtro.myCall},

@@ -4,10 +4,11 @@
 
 #include "logcore/Almacen.h"
 
-#include <QSet>
+#include <QHash>
 #include <QSqlQuery>
 #include <QString>
 #include <QVariant>
+#include <QVector>
 #include <functional>
 #include <unordered_map>
 
@@ -41,8 +42,25 @@ inline QVariant Texto(const QString &s)
 }
 
 // Pieces of the schema that a bulk load drops and makes again.
+extern const char *const kIndiceVista;    // CREATE INDEX of Tabla1_Vista
 extern const char *const kIndiceEstacion; // CREATE INDEX of Tabla1_Estacion
 const QString &DisparadorAlta();          // CREATE TRIGGER of Tabla1_Alta
+
+// Where an insert into Tabla1 binds what the counts of a log look at: the positions of
+// Modo, Fecha, Hora and "Nombre Log" among its values (-1: not in the statement, so NULL).
+struct Contadas
+{
+    int modo, fecha, hora, log;
+};
+
+// The text a value holds, or nullptr when it holds something else: read in place, with
+// no copy, where every row of a load passes.
+inline const QString *TextoEn(const QVariant &v)
+{
+    return v.metaType() == QMetaType::fromType<QString>()
+               ? static_cast<const QString *>(v.constData())
+               : nullptr;
+}
 
 // The position of a row in the view's order, as stored (Fecha in its stored form).
 struct Clave
@@ -68,6 +86,7 @@ struct Almacen::Privado
         QVariantList valores;
     };
     std::unordered_map<QString, Preparada> consultas;
+    std::pair<const QString, Preparada> *ultima = nullptr; // the one run last
 
     // The page read last, so that the next or previous page seeks from its edge.
     struct Pagina
@@ -82,20 +101,30 @@ struct Almacen::Privado
     } pagina;
 
     // The transaction opened by IniciarTransaccion, and its bulk mode. Past a number of adds
-    // to Tabla1, once they are as many as the rows the file held before, the callsign index
-    // and the insert trigger of the counts are dropped inside the transaction: a million
-    // callsigns in no order cost far more to insert one by one into the index than to sort
-    // once. Before the COMMIT the index is made again, the counts of the logs added to are
-    // taken anew and the trigger comes back, so the file is never seen without them.
+    // to Tabla1, once they are as many as the rows the file held before, the two indexes of
+    // Tabla1 and the insert trigger of the counts are dropped inside the transaction: a
+    // million rows cost far more to insert one by one into the indexes (the callsigns come
+    // in no order) than to sort once. Before the COMMIT the indexes are made again, what
+    // the trigger would have counted is added to CuentaLogs and the trigger comes back, so
+    // that the file is never seen without them.
     struct Carga
     {
         bool abierta = false; // between IniciarTransaccion and its end
-        bool masiva = false;  // index and insert trigger dropped
-        bool vedada = false;  // the transaction read what bulk mode leaves behind
+        bool masiva = false;  // indexes and insert trigger dropped
+        bool vedada = false;  // the transaction read or changed rows between its adds
         qint64 altas = 0;     // rows added to Tabla1 in the transaction
         qint64 revision = 0;  // altas at which bulk mode is considered again
-        QSet<QString> logs;   // logs added to while masiva
-        QString ultimoLog;    // the last of them, to skip the set for runs of one log
+        // What the insert trigger would have added to CuentaLogs while it was away, per log
+        // in the order first added to; the name is that of the log's first row.
+        struct Suma
+        {
+            QString nombre;
+            qint64 filas = 0, qsos = 0, sinFecha = 0;
+        };
+        QVector<Suma> sumas;
+        QHash<QString, qsizetype> indice; // the log as CuentaLogs compares it -> its Suma
+        QString ultimoLog;                // the log of the last add, and its Suma
+        qsizetype ultimaSuma = -1;
     } carga;
     int umbralMasivo = 50000;
 
@@ -109,15 +138,18 @@ struct Almacen::Privado
     // A write; it forgets the page read last.
     bool Escribir(const QString &sql, const QVariantList &valores);
     qint64 Insertar(const QString &sql, const QVariantList &valores);
-    // An add to Tabla1 (log is the row's "Nombre Log"): it counts for the bulk mode.
-    qint64 InsertarEnTabla1(const QString &sql, const QVariantList &valores, const QString &log);
+    // An add to Tabla1, which counts for the bulk mode.
+    qint64 InsertarEnTabla1(const QString &sql, const QVariantList &valores,
+                            const almacen::Contadas &columnas);
+    void Sumar(const QVariantList &valores, const almacen::Contadas &columnas);
     // Bulk mode on, when the transaction has added enough; and off again within it: the
-    // index made, the counts of the logs added to taken anew, the trigger back.
+    // indexes made, the counts added, the trigger back.
     void QuizaCargaMasiva();
     bool TerminarCargaMasiva();
-    // Before a read of the counts or of the callsign index, and before a change or delete
-    // in Tabla1: bulk mode ends, so that the read is right and the triggers count the
-    // change as ever, and a transaction that does these between its adds is no bulk load.
+    // Before a read of Tabla1 other than by id, and before a change or delete in it: bulk
+    // mode ends, so that the read finds the counts right and its index in place and the
+    // triggers count the change as ever; a transaction that does these between its adds
+    // is no bulk load, and does not become one again.
     void FinDeCargaMasiva();
 
     // Several statements that stand or fall together, nested in the caller's transaction.

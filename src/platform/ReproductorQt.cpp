@@ -90,7 +90,14 @@ bool ReproductorQt::AbrirArchivo(const QString &archivo)
     const bool listo = !fallido() && (estado == QMediaPlayer::LoadedMedia ||
                                       estado == QMediaPlayer::BufferedMedia);
     if (!listo) {
+        // The media player keeps its error after a bad file and would refuse every later
+        // one: drop it, so that the next open starts with a fresh player.
+        reproductor_->disconnect(this);
         reproductor_->setSource(QUrl());
+        reproductor_->deleteLater();
+        salida_->deleteLater();
+        reproductor_ = nullptr;
+        salida_ = nullptr;
         return false;
     }
     abierto_ = true;

@@ -1,6 +1,7 @@
 // The store: logs and their placeholder rows, counts kept by triggers, ids, dates in
 // calendar order, any text stored and read back as it is, paging against a plain
-// reference, the upgrade of an older file, and files that are not ours.
+// reference, the bulk load against the same load row by row, the upgrade of an older
+// file, and files that are not ours.
 
 #include "logcore/Almacen.h"
 #include "rules/Senales.h"
@@ -12,6 +13,7 @@
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>
+#include <QSqlRecord>
 #include <QTemporaryDir>
 #include <QTest>
 #include <algorithm>
@@ -49,7 +51,7 @@ public:
         db.open();
     }
     ~OtraConexion() { QSqlDatabase::removeDatabase(nombre_); }
-    // Runs one statement; the first column of its rows as text.
+    // Runs one statement; its rows as text, the columns of each joined with '|'.
     QStringList operator()(const QString &sql, const QVariantList &valores = {})
     {
         QSqlQuery q(QSqlDatabase::database(nombre_));
@@ -59,8 +61,12 @@ public:
         if (!q.exec())
             qWarning() << sql << q.lastError().text();
         QStringList filas;
-        while (q.next())
-            filas << q.value(0).toString();
+        while (q.next()) {
+            QStringList columnas;
+            for (int i = 0; i < q.record().count(); ++i)
+                columnas << q.value(i).toString();
+            filas << columnas.join(u'|');
+        }
         return filas;
     }
 
@@ -93,6 +99,84 @@ QByteArray Contenido(const QString &archivo)
 
 using Cantidades = QVector<QPair<QString, qint64>>;
 
+// What a reader of the file sees of the counts and of the schema.
+QStringList Cuentas(OtraConexion &otra)
+{
+    return otra(u"SELECT * FROM CuentaLogs ORDER BY \"Nombre Log\""_s);
+}
+
+QStringList Esquema(OtraConexion &otra)
+{
+    return otra(u"SELECT type, name, sql FROM sqlite_master ORDER BY name"_s);
+}
+
+// A load of 80 rows into logs old and new (names in another case too), some of them no QSO
+// or without a date, with one thing done after the 40th; all it read on the way, and at
+// the end the lists, counts, pages, history and duplicates of every log.
+QStringList Cargar(Almacen &a, const QString &enMedio, bool *masivaEnMedio = nullptr,
+                   bool *masivaAlFinal = nullptr)
+{
+    QStringList visto;
+    auto ver = [&](const QVector<FilaQSO> &filas) {
+        for (const FilaQSO &f : filas)
+            visto << u"%1 %2 %3 %4 %5"_s.arg(f.id).arg(f.Estacion, f.Fecha, f.Modo, f.NombreLog);
+    };
+    const QStringList logs = {u"CONCURSO"_s, u"Diario"_s, u"Nuevo"_s, u"nuevo"_s};
+    QVector<qint64> ids;
+    qint64 vacio = 0;
+    a.IniciarTransaccion();
+    for (int i = 0; i < 80; ++i) {
+        RegistroQSO q = Qso(u"LU%1X%2"_s.arg(i % 4).arg(QChar(u'A' + i % 6)),
+                            u"%1/03/2022"_s.arg(1 + i % 28, 2, 10, QLatin1Char('0')),
+                            u"1%1:00:00"_s.arg(i % 10));
+        if (i % 7 == 3)
+            q.Modo.clear();
+        if (i % 11 == 5)
+            q.Fecha.clear();
+        const QString &log = logs[i % logs.size()];
+        ids << (i % 5 == 4 ? a.AgregarQSOImportado(q, log) : a.AgregarQSO(q, log));
+        if (i == 20)
+            vacio = a.AgregarLogVacio(u"Vacío"_s);
+        if (i != 40)
+            continue;
+        if (masivaEnMedio)
+            *masivaEnMedio = a.EnCargaMasiva();
+        if (enMedio == u"contar") {
+            visto << QString::number(a.CantidadQSOs(u"nuevo"_s));
+        } else if (enMedio == u"historial") {
+            ver(a.HistorialDe(u"Diario"_s, u"lu1"_s));
+        } else if (enMedio == u"cambiar") {
+            RegistroQSO sinModo = q;
+            sinModo.Modo.clear();
+            // Placeholders become QSOs (in a log new to the load and in an old one), and a
+            // QSO stops being one.
+            a.ActualizarQSO(vacio, Qso(u"LU5V"_s));
+            a.ActualizarQSO(ids[12], sinModo);
+            a.ActualizarQSO(1, Qso(u"LU9ZZ"_s));
+        } else if (enMedio == u"borrar") {
+            a.BorrarQSO(vacio); // the only row of a log new to the load
+            a.BorrarQSO(ids[10]);
+            a.BorrarQSO(2); // the only QSO the log had before
+            a.BorrarLog(u"nuevo"_s);
+        } else if (enMedio == u"vaciar") {
+            a.VaciarTodo();
+        }
+    }
+    if (masivaAlFinal)
+        *masivaAlFinal = a.EnCargaMasiva();
+    if (!a.ConfirmarTransaccion())
+        visto << u"falló: "_s + a.UltimoError();
+
+    for (const auto &[log, cantidad] : a.LogsConCantidad()) {
+        visto << u"%1: %2"_s.arg(log).arg(cantidad);
+        ver(a.PaginaLog(log, 1));
+        ver(a.PaginaLog(log, 21));
+        ver(a.HistorialDe(log, u"LU2"_s));
+        ver(a.Candidatos(log, u"SSB"_s, u"40m"_s, u"LU9DCE"_s, u"lu3xd"_s));
+    }
+    return visto;
+}
+
 } // namespace
 
 class TestAlmacen : public QObject
@@ -118,6 +202,12 @@ private Q_SLOTS:
     void cuentasConOtraConexion();
     void paginasComoReferencia();
     void paginaTrasEscrituraAjena();
+    void cargaMasiva_data();
+    void cargaMasiva();
+    void cuandoEsMasiva_data();
+    void cuandoEsMasiva();
+    void deshacerCargaMasiva();
+    void escrituraAjenaTrasCargaMasiva();
     void noEsBaseDeDatos_data();
     void noEsBaseDeDatos();
     void carpetaInvalida();
@@ -632,6 +722,151 @@ void TestAlmacen::paginaTrasEscrituraAjena()
     QCOMPARE(adelante.first(), u"AJENO"_s);
     QCOMPARE(adelante.mid(61).filter(u"SINFECHA"_s).size(), 30);
     QCOMPARE(QSet<QString>(adelante.begin(), adelante.end()).size(), 91);
+}
+
+void TestAlmacen::cargaMasiva_data()
+{
+    QTest::addColumn<QString>("enMedio");
+    QTest::addColumn<bool>("masivaAlFinal");
+    QTest::newRow("solo altas") << QString() << true;
+    QTest::newRow("cuenta leída en medio") << u"contar"_s << false;
+    QTest::newRow("historial en medio") << u"historial"_s << false;
+    QTest::newRow("cambios en medio") << u"cambiar"_s << false;
+    QTest::newRow("bajas en medio") << u"borrar"_s << false;
+    QTest::newRow("Hacer Tabla! en medio") << u"vaciar"_s << false;
+}
+
+void TestAlmacen::cargaMasiva()
+{
+    QFETCH(QString, enMedio);
+    QFETCH(bool, masivaAlFinal);
+    // The same file and the same load twice: in bulk mode, and row by row with the triggers.
+    QTemporaryDir otraCarpeta;
+    const QString archivos[] = {Archivo(), otraCarpeta.filePath(u"base0.db"_s)};
+    Almacen fila;
+    QCOMPARE(fila.Abrir(archivos[1]), QString());
+    for (const QString &archivo : archivos) {
+        Almacen &a = archivo == Archivo() ? *alm_ : fila;
+        a.AgregarLogVacio(u"Concurso"_s);
+        a.AgregarQSO(Qso(u"LU1ABC"_s), u"Concurso"_s);
+        // Rows from another program, QSOs without a date among them.
+        OtraConexion ajena(archivo);
+        ajena(u"INSERT INTO Tabla1 (Modo, Estacion, Fecha, Hora, \"Nombre Log\") "
+              "VALUES ('CW', 'LU1XA', NULL, '10:00:00', 'Diario'), ('CW', 'LU2XB', '2022-03-01', "
+              "NULL, 'Diario')"_s);
+    }
+    alm_->UmbralCargaMasiva(4);
+    bool masivaEnMedio = false, masiva = false;
+    const QStringList visto = Cargar(*alm_, enMedio, &masivaEnMedio, &masiva);
+    QVERIFY(masivaEnMedio);
+    QCOMPARE(masiva, masivaAlFinal);
+    QCOMPARE(visto, Cargar(fila, enMedio));
+    QVERIFY(!visto.filter(u"Diario: "_s).isEmpty());
+
+    // Both files alike to whoever reads them: rows, counts (names too) and schema.
+    OtraConexion masivo(archivos[0]), porFila(archivos[1]);
+    QCOMPARE(alm_->TodosLosQSOs(), fila.TodosLosQSOs());
+    QCOMPARE(Cuentas(masivo), Cuentas(porFila));
+    QCOMPARE(Esquema(masivo), Esquema(porFila));
+    // The history and the duplicate key are read through their index again.
+    const QString consultas[] = {
+        u"SELECT * FROM Tabla1 WHERE \"Nombre Log\"=? AND Estacion>=? AND Estacion<? AND "
+        "Estacion LIKE ? ESCAPE '\\' ORDER BY Fecha, Hora, id"_s,
+        u"SELECT * FROM Tabla1 WHERE \"Nombre Log\"=? AND Modo=? AND Banda=? AND MyCall=? AND "
+        "Estacion=? ORDER BY id"_s};
+    for (const QString &consulta : consultas) {
+        const QString plan =
+            masivo(u"EXPLAIN QUERY PLAN "_s + consulta, QVariantList(consulta.count(u'?'), u"x"_s))
+                .join(u' ');
+        QVERIFY2(plan.contains(u"USING INDEX Tabla1_Estacion"), qPrintable(plan));
+    }
+}
+
+void TestAlmacen::cuandoEsMasiva_data()
+{
+    QTest::addColumn<int>("previas");
+    QTest::addColumn<int>("altas");
+    QTest::addColumn<bool>("transaccion");
+    QTest::addColumn<bool>("masiva");
+    QTest::newRow("menos que el umbral") << 0 << 9 << true << false;
+    QTest::newRow("el umbral") << 0 << 10 << true << true;
+    QTest::newRow("sin transacción") << 0 << 30 << false << false;
+    QTest::newRow("menos que las que había") << 50 << 30 << true << false;
+    QTest::newRow("tantas como había") << 50 << 50 << true << true;
+}
+
+void TestAlmacen::cuandoEsMasiva()
+{
+    QFETCH(int, previas);
+    QFETCH(int, altas);
+    QFETCH(bool, transaccion);
+    QFETCH(bool, masiva);
+    Almacen &a = *alm_;
+    a.UmbralCargaMasiva(10);
+    a.IniciarTransaccion();
+    for (int i = 0; i < previas; ++i)
+        a.AgregarQSO(Qso(u"LU1ABC"_s), u"A"_s);
+    QVERIFY(a.ConfirmarTransaccion());
+    if (transaccion)
+        a.IniciarTransaccion();
+    for (int i = 0; i < altas; ++i)
+        a.AgregarQSO(Qso(u"LU2XYZ"_s), u"B"_s);
+    QCOMPARE(a.EnCargaMasiva(), masiva);
+    if (transaccion)
+        QVERIFY(a.ConfirmarTransaccion());
+    QVERIFY(!a.EnCargaMasiva());
+    QCOMPARE(a.LogsConCantidad(), previas ? (Cantidades{{u"A"_s, previas}, {u"B"_s, altas}})
+                                          : (Cantidades{{u"B"_s, altas}}));
+}
+
+void TestAlmacen::deshacerCargaMasiva()
+{
+    Almacen &a = *alm_;
+    a.AgregarQSO(Qso(u"LU1ABC"_s), u"A"_s);
+    OtraConexion otra(Archivo());
+    const QStringList cuentas = Cuentas(otra), esquema = Esquema(otra);
+    const QVector<FilaQSO> filas = a.TodosLosQSOs();
+
+    a.UmbralCargaMasiva(3);
+    for (int vez = 0; vez < 2; ++vez) {
+        a.IniciarTransaccion();
+        for (int i = 0; i < 20; ++i)
+            a.AgregarQSO(Qso(u"LU2X%1"_s.arg(i)), i % 2 ? u"A"_s : u"B"_s);
+        QVERIFY(a.EnCargaMasiva());
+        QVERIFY(a.DeshacerTransaccion());
+        QVERIFY(!a.EnCargaMasiva());
+        // The file as before, index and trigger included.
+        QCOMPARE(Esquema(otra), esquema);
+        QCOMPARE(Cuentas(otra), cuentas);
+        QCOMPARE(a.TodosLosQSOs(), filas);
+    }
+    // And the trigger counts the next add.
+    a.AgregarQSO(Qso(u"LU3Q"_s), u"B"_s);
+    QCOMPARE(a.LogsConCantidad(), (Cantidades{{u"A"_s, 1}, {u"B"_s, 1}}));
+    QCOMPARE(Estaciones(a.HistorialDe(u"B"_s, u"LU"_s)), QStringList{u"LU3Q"_s});
+}
+
+void TestAlmacen::escrituraAjenaTrasCargaMasiva()
+{
+    Almacen &a = *alm_;
+    a.UmbralCargaMasiva(2);
+    a.IniciarTransaccion();
+    for (int i = 0; i < 10; ++i)
+        a.AgregarQSO(Qso(u"LU%1A"_s.arg(i)), u"A"_s);
+    QVERIFY(a.EnCargaMasiva());
+    QVERIFY(a.ConfirmarTransaccion());
+    // The triggers are back: what another program writes is counted.
+    OtraConexion otra(Archivo());
+    otra(u"INSERT INTO Tabla1 (Modo, Estacion, \"Nombre Log\") VALUES ('CW', 'X1', 'a'), "
+         "('CW', 'X2', 'C'), ('', 'X3', 'C')"_s);
+    otra(u"DELETE FROM Tabla1 WHERE Estacion='LU0A'"_s);
+    QCOMPARE(a.LogsConCantidad(), (Cantidades{{u"A"_s, 10}, {u"C"_s, 1}}));
+    otra(u"UPDATE Tabla1 SET \"Nombre Log\"='C' WHERE Estacion='LU1A'"_s);
+    QCOMPARE(a.LogsConCantidad(), (Cantidades{{u"A"_s, 9}, {u"C"_s, 2}}));
+    // A second open finds nothing missing and leaves the counts as they are.
+    a.Cerrar();
+    QCOMPARE(a.Abrir(Archivo()), QString());
+    QCOMPARE(Cuentas(otra), (QStringList{u"A|9|9|1"_s, u"C|3|2|1"_s}));
 }
 
 void TestAlmacen::noEsBaseDeDatos_data()
