@@ -7,6 +7,7 @@
 // The database is built once in a temporary folder, with the main log, five middle-sized
 // logs and a hundred small ones.
 
+#include "Banco.h"
 #include "logcore/Almacen.h"
 
 #include <QCoreApplication>
@@ -38,43 +39,6 @@ Almacen *g_almacen = nullptr;
 QString g_archivo;
 qint64 g_filas = 1000000;
 
-// A QSO of row i: a minute apart, 12 call areas and 26^3 suffixes, so that a call has a
-// handful of QSOs in a million and a three-letter prefix some hundreds.
-RegistroQSO Qso(qint64 i)
-{
-    // Three QSOs share each minute; the date text is made once per day.
-    static const QDate inicio(2005, 1, 1);
-    static qint64 diaHecho = -1;
-    static QString fecha;
-    const qint64 minuto = i / 3;
-    if (minuto / 1440 != diaHecho) {
-        diaHecho = minuto / 1440;
-        fecha = inicio.addDays(diaHecho).toString(QStringLiteral("dd/MM/yyyy"));
-    }
-    RegistroQSO q;
-    const int n = int(i * 7919 % (10 * 26 * 26 * 26));
-    const char16_t senal[] = {u'L',
-                              u'U',
-                              char16_t(u'0' + n % 10),
-                              char16_t(u'A' + n / 10 % 26),
-                              char16_t(u'A' + n / 260 % 26),
-                              char16_t(u'A' + n / 6760 % 26)};
-    q.Estacion = QString::fromUtf16(senal, 6);
-    q.Banda = QStringLiteral("40m");
-    q.Modo = (i % 3) ? QStringLiteral("SSB") : QStringLiteral("CW");
-    q.RSE = QStringLiteral("59");
-    q.RSR = QStringLiteral("57");
-    q.Fecha = fecha;
-    q.Hora = QStringLiteral("%1:%2:00")
-                 .arg(minuto % 1440 / 60, 2, 10, QLatin1Char('0'))
-                 .arg(minuto % 60, 2, 10, QLatin1Char('0'));
-    q.MyCall = QStringLiteral("LU9DCE");
-    q.Operador = QStringLiteral("LU9DCE");
-    q.Frecuencia = QStringLiteral("7.150");
-    q.MiGrid = QStringLiteral("GF05");
-    return q;
-}
-
 void Construir()
 {
     Almacen &a = *g_almacen;
@@ -84,7 +48,7 @@ void Construir()
     a.IniciarTransaccion();
     a.AgregarLogVacio(kLog);
     for (qint64 i = 0; i < g_filas; ++i)
-        a.AgregarQSO(Qso(i), kLog);
+        a.AgregarQSO(QsoDePrueba(i), kLog);
     const double filas = reloj.nsecsElapsed() / 1e9;
     const bool masiva = a.EnCargaMasiva();
     a.ConfirmarTransaccion();
@@ -99,12 +63,12 @@ void Construir()
     a.IniciarTransaccion();
     for (int l = 0; l < 5; ++l)
         for (int i = 0; i < 10000; ++i)
-            a.AgregarQSO(Qso(i), QStringLiteral("Mediano %1").arg(l));
+            a.AgregarQSO(QsoDePrueba(i), QStringLiteral("Mediano %1").arg(l));
     for (int l = 0; l < 100; ++l) {
         const QString nombre = QStringLiteral("Log %1").arg(l, 3, 10, QLatin1Char('0'));
         a.AgregarLogVacio(nombre);
         for (int i = 0; i < 10; ++i)
-            a.AgregarQSO(Qso(i), nombre);
+            a.AgregarQSO(QsoDePrueba(i), nombre);
     }
     const bool otraMasiva = a.EnCargaMasiva();
     a.ConfirmarTransaccion();
@@ -218,7 +182,7 @@ void BM_LogsConCantidad(benchmark::State &estado)
 
 void BM_HistorialDe(benchmark::State &estado)
 {
-    const QString senal = Qso(g_filas / 2).Estacion;
+    const QString senal = QsoDePrueba(g_filas / 2).Estacion;
     size_t filas = 0;
     for (auto _ : estado)
         filas = g_almacen->HistorialDe(kLog, senal).size();
@@ -227,7 +191,7 @@ void BM_HistorialDe(benchmark::State &estado)
 
 void BM_HistorialPrefijo(benchmark::State &estado)
 {
-    const QString prefijo = Qso(g_filas / 2).Estacion.left(5);
+    const QString prefijo = QsoDePrueba(g_filas / 2).Estacion.left(5);
     size_t filas = 0;
     for (auto _ : estado)
         filas = g_almacen->HistorialDe(kLog, prefijo).size();
@@ -250,7 +214,7 @@ void BM_AgregarUnQSO(benchmark::State &estado)
 {
     qint64 i = g_filas;
     for (auto _ : estado)
-        benchmark::DoNotOptimize(g_almacen->AgregarQSO(Qso(i++), kLog));
+        benchmark::DoNotOptimize(g_almacen->AgregarQSO(QsoDePrueba(i++), kLog));
 }
 
 } // namespace
@@ -258,15 +222,8 @@ void BM_AgregarUnQSO(benchmark::State &estado)
 int main(int argc, char **argv)
 {
     QCoreApplication app(argc, argv);
-    // The size is the first argument that is not a flag of the benchmark library.
     std::vector<char *> args;
-    for (int i = 0; i < argc; ++i) {
-        if (i > 0 && argv[i][0] != '-') {
-            g_filas = std::max(1LL, std::atoll(argv[i]));
-            continue;
-        }
-        args.push_back(argv[i]);
-    }
+    g_filas = TamanoPedido(argc, argv, g_filas, args);
     int cuantos = int(args.size());
     benchmark::Initialize(&cuantos, args.data());
 

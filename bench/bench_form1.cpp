@@ -3,6 +3,7 @@
 //
 //   bench_form1 [qsos]      (default 1,000,000; the database is built once in /tmp and
 //                            reused while it has the same size)
+#include "Banco.h"
 #include "logcore/Contexto.h"
 #include "logcore/Form1.h"
 #include "support/ServiciosFalsos.h"
@@ -17,25 +18,6 @@
 namespace {
 
 const QString kLog = QStringLiteral("Principal");
-
-RegistroQSO Qso(qint64 i)
-{
-    RegistroQSO q;
-    const qint64 minuto = i / 3;
-    q.Estacion = QStringLiteral("LU%1A%2").arg(i % 10).arg(QChar(u'A' + int(i / 10 % 26)));
-    q.Banda = QStringLiteral("40m");
-    q.Modo = (i % 3) ? QStringLiteral("SSB") : QStringLiteral("CW");
-    q.RSE = QStringLiteral("59");
-    q.RSR = QStringLiteral("57");
-    q.Fecha = QDate(2005, 1, 1).addDays(minuto / 1440).toString(QStringLiteral("dd/MM/yyyy"));
-    q.Hora = QStringLiteral("%1:%2:00")
-                 .arg(minuto % 1440 / 60, 2, 10, QLatin1Char('0'))
-                 .arg(minuto % 60, 2, 10, QLatin1Char('0'));
-    q.MyCall = QStringLiteral("LU9DCE");
-    q.Operador = QStringLiteral("LU9DCE");
-    q.Frecuencia = QStringLiteral("7.150");
-    return q;
-}
 
 double Ms(QElapsedTimer &t)
 {
@@ -73,7 +55,7 @@ void Preparar(const QString &carpeta, qint64 qsos)
     a.IniciarTransaccion();
     a.AgregarLogVacio(kLog);
     for (qint64 i = 0; i < qsos; ++i)
-        a.AgregarQSO(Qso(i), kLog);
+        a.AgregarQSO(QsoDePrueba(i), kLog);
     a.ConfirmarTransaccion();
 }
 

@@ -6,6 +6,7 @@
 // qsos is the size of the database (1,000,000 by default): one large log and 99 of
 // 1,000 QSOs each. The windows are built on the offscreen platform unless another is set.
 
+#include "Banco.h"
 #include "logcore/Almacen.h"
 #include "logcore/Form17.h"
 #include "logcore/Form3.h"
@@ -32,30 +33,6 @@ Almacen *g_almacen = nullptr;
 QString g_archivo;
 qint64 g_qsos = 1000000;
 
-// Row i: three QSOs a minute, 10 call areas and 26^3 suffixes, so a callsign has a handful
-// of QSOs in a million and a four-character prefix a few thousand.
-RegistroQSO Qso(qint64 i)
-{
-    static const QDateTime inicio(QDate(2005, 1, 1), QTime(0, 0), QTimeZone::utc());
-    const QDateTime momento = inicio.addSecs(i * 20);
-    const int n = int(i * 7919 % (10 * 26 * 26 * 26));
-    RegistroQSO q;
-    q.Estacion = QStringLiteral("LU%1%2%3%4")
-                     .arg(n % 10)
-                     .arg(QChar(u'A' + n / 10 % 26))
-                     .arg(QChar(u'A' + n / 260 % 26))
-                     .arg(QChar(u'A' + n / 6760 % 26));
-    q.Banda = QStringLiteral("40m");
-    q.Modo = (i % 3) ? QStringLiteral("SSB") : QStringLiteral("CW");
-    q.RSE = QStringLiteral("59");
-    q.RSR = QStringLiteral("57");
-    q.Fecha = momento.toString(QStringLiteral("dd/MM/yyyy"));
-    q.Hora = momento.toString(QStringLiteral("hh:mm:ss"));
-    q.MyCall = QStringLiteral("LU9DCE");
-    q.Frecuencia = QStringLiteral("7.150");
-    return q;
-}
-
 void Construir()
 {
     Almacen &a = *g_almacen;
@@ -65,9 +42,9 @@ void Construir()
     a.IniciarTransaccion();
     a.AgregarLogVacio(kLog);
     for (qint64 i = 0; i < g_qsos - chicos; ++i)
-        a.AgregarQSO(Qso(i), kLog);
+        a.AgregarQSO(QsoDePrueba(i), kLog);
     for (qint64 i = 0; i < chicos; ++i)
-        a.AgregarQSO(Qso(i),
+        a.AgregarQSO(QsoDePrueba(i),
                      QStringLiteral("Log %1").arg(i % kLogsChicos, 3, 10, QLatin1Char('0')));
     a.ConfirmarTransaccion();
     std::printf("Base: %lld QSOs en %lld logs, hecha en %.1f s\n", static_cast<long long>(g_qsos),
@@ -114,7 +91,7 @@ void BM_ListaAbrirLogTrasAbrir(benchmark::State &estado)
 
 void BM_HistorialSenal(benchmark::State &estado)
 {
-    const QString senal = Qso(g_qsos / 3).Estacion;
+    const QString senal = QsoDePrueba(g_qsos / 3).Estacion;
     int filas = 0;
     for (auto _ : estado)
         filas = Historial(senal);
@@ -124,7 +101,7 @@ void BM_HistorialSenal(benchmark::State &estado)
 // The shortest text Ctrl+X takes: four characters, thousands of QSOs.
 void BM_HistorialCuatroLetras(benchmark::State &estado)
 {
-    const QString prefijo = Qso(g_qsos / 3).Estacion.left(4);
+    const QString prefijo = QsoDePrueba(g_qsos / 3).Estacion.left(4);
     int filas = 0;
     for (auto _ : estado)
         filas = Historial(prefijo);
@@ -134,7 +111,7 @@ void BM_HistorialCuatroLetras(benchmark::State &estado)
 // The same, the store's read alone: what is left is the making of the lines and the list.
 void BM_HistorialCuatroLetrasAlmacen(benchmark::State &estado)
 {
-    const QString prefijo = Qso(g_qsos / 3).Estacion.left(4);
+    const QString prefijo = QsoDePrueba(g_qsos / 3).Estacion.left(4);
     for (auto _ : estado)
         benchmark::DoNotOptimize(g_almacen->HistorialDe(kLog, prefijo).size());
 }
@@ -153,13 +130,7 @@ int main(int argc, char **argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
     std::vector<char *> args;
-    for (int i = 0; i < argc; ++i) {
-        if (i > 0 && argv[i][0] != '-') {
-            g_qsos = std::max(1LL, std::atoll(argv[i]));
-            continue;
-        }
-        args.push_back(argv[i]);
-    }
+    g_qsos = TamanoPedido(argc, argv, g_qsos, args);
     int cuantos = int(args.size());
     benchmark::Initialize(&cuantos, args.data());
 
