@@ -1,7 +1,7 @@
 #pragma once
 // What the benchmarks share: the QSOs of a large made-up log, and the size argument.
 
-#include "logcore/RegistroQSO.h"
+#include "core/store/RegistroQSO.h"
 
 #include <QDate>
 #include <algorithm>

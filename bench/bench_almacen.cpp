@@ -8,7 +8,7 @@
 // logs and a hundred small ones.
 
 #include "Banco.h"
-#include "logcore/Almacen.h"
+#include "core/store/Almacen.h"
 
 #include <QCoreApplication>
 #include <QDate>

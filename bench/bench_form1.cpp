@@ -4,8 +4,8 @@
 //   bench_form1 [qsos]      (default 1,000,000; the database is built once in /tmp and
 //                            reused while it has the same size)
 #include "Banco.h"
-#include "logcore/Contexto.h"
-#include "logcore/Form1.h"
+#include "core/context/Contexto.h"
+#include "gui/main/Form1.h"
 #include "support/ServiciosFalsos.h"
 
 #include <QApplication>

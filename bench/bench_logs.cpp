@@ -7,11 +7,11 @@
 // 1,000 QSOs each. The windows are built on the offscreen platform unless another is set.
 
 #include "Banco.h"
-#include "logcore/Almacen.h"
-#include "logcore/Form17.h"
-#include "logcore/Form3.h"
-#include "logcore/Historial.h"
-#include "logcore/Logs.h"
+#include "core/store/Almacen.h"
+#include "core/store/Historial.h"
+#include "core/store/Logs.h"
+#include "gui/main/Form17.h"
+#include "gui/main/Form3.h"
 
 #include <QApplication>
 #include <QDateTime>

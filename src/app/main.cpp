@@ -1,16 +1,16 @@
 // Carancho Radiolog: the composition root. Builds the services and the context, opens
 // the store and shows Form1, the window that ends the program.
 
-#include "editing/Form5.h"
-#include "logcore/Contexto.h"
-#include "logcore/Form1.h"
-#include "platform/BombaQt.h"
-#include "platform/ClienteWebQt.h"
-#include "platform/DialogosQt.h"
-#include "platform/EscritorioQt.h"
-#include "platform/LineaSerieQt.h"
-#include "platform/RelojSistema.h"
-#include "platform/ReproductorQt.h"
+#include "core/context/Contexto.h"
+#include "core/platform/BombaQt.h"
+#include "core/platform/ClienteWebQt.h"
+#include "core/platform/LineaSerieQt.h"
+#include "core/platform/RelojSistema.h"
+#include "gui/editing/Form5.h"
+#include "gui/main/Form1.h"
+#include "gui/platform/DialogosQt.h"
+#include "gui/platform/EscritorioQt.h"
+#include "gui/platform/ReproductorQt.h"
 
 #include <QApplication>
 #include <QLibraryInfo>

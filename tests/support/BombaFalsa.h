@@ -2,7 +2,7 @@
 // The event pump for tests: counts the calls, still pumps unless told not to, and can
 // run the test's own step at each call (to stop a loop at its tenth row, say).
 
-#include "platform/BombaEventos.h"
+#include "core/platform/BombaEventos.h"
 
 #include <QCoreApplication>
 #include <functional>

@@ -5,7 +5,7 @@
 // on the next turn of the event loop, as real ones do, unless `sincronico` is set; then
 // Respondido is emitted before Pedir returns (with the number Pedir is about to return).
 
-#include "platform/ClienteWeb.h"
+#include "core/platform/ClienteWeb.h"
 
 #include <QHash>
 #include <QVector>

@@ -1,6 +1,6 @@
 #include "support/ContextoPrueba.h"
 
-#include "platform/ClienteWebQt.h"
+#include "core/platform/ClienteWebQt.h"
 
 #include <QDir>
 #include <QFile>

@@ -11,7 +11,7 @@
 //   ServidorHttpPrueba servidor;
 //   ContextoPrueba prueba(servidor.Base(), true); // requests go over a real connection
 
-#include "logcore/Contexto.h"
+#include "core/context/Contexto.h"
 #include "support/ServiciosFalsos.h"
 
 #include <QByteArray>

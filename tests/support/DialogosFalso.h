@@ -3,7 +3,7 @@
 // dialogs are answered from queues the test fills beforehand. An empty queue gives the
 // cautious answer: No, Cancelar, nothing typed, no file.
 
-#include "platform/Dialogos.h"
+#include "core/platform/Dialogos.h"
 
 #include <QByteArray>
 #include <QQueue>

@@ -1,7 +1,7 @@
 #pragma once
 // The desktop for tests: records what would open and what would start.
 
-#include "platform/Escritorio.h"
+#include "core/platform/Escritorio.h"
 
 #include <QVector>
 

@@ -2,7 +2,7 @@
 // A serial line for tests. Records every open and every change of DTR and RTS while open,
 // as "DTR1", "RTS0", …; the ports named in puertosQueFallan do not open.
 
-#include "platform/LineaSerie.h"
+#include "core/platform/LineaSerie.h"
 
 class LineaSerieFalsa : public LineaSerie
 {

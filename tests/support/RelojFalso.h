@@ -1,7 +1,7 @@
 #pragma once
 // A clock that stands still until the test moves it.
 
-#include "platform/Reloj.h"
+#include "core/platform/Reloj.h"
 
 class RelojFalso : public Reloj
 {

@@ -3,7 +3,7 @@
 // "Reproducir", "Detener", "Cerrar"), answers the scripted length, and ends the file
 // when the test says so.
 
-#include "platform/Reproductor.h"
+#include "core/platform/Reproductor.h"
 
 #include <QStringList>
 

@@ -7,7 +7,7 @@
 //   Contexto ctx(carpeta, falsos.Tomar());
 //   falsos.dialogos->respuestasSiNo.enqueue(true);
 
-#include "logcore/Contexto.h"
+#include "core/context/Contexto.h"
 #include "support/BombaFalsa.h"
 #include "support/ClienteWebFalso.h"
 #include "support/DialogosFalso.h"

@@ -1,0 +1,47 @@
+#include "core/context/Contexto.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QStandardPaths>
+#include <QTemporaryFile>
+
+Contexto::Contexto(const QString &carpetaPrograma, Servicios servicios)
+    : carpeta_(carpetaPrograma)
+    , servicios_(std::move(servicios))
+{
+    QDir().mkpath(carpeta_);
+    Terminar = [](int codigo) { QCoreApplication::exit(codigo); };
+    direcciones_ = DireccionesWeb::Leer(Archivo(QStringLiteral("servicios.ini")));
+}
+
+Contexto::~Contexto() = default;
+
+QString Contexto::CarpetaPorDefecto()
+{
+    QString base = qEnvironmentVariable("XDG_DATA_HOME");
+    if (base.isEmpty())
+        base = QDir::homePath() + QStringLiteral("/.local/share");
+    return base + QStringLiteral("/carancho-radiolog");
+}
+
+QString Contexto::Archivo(const QString &nombre) const
+{
+    return QDir(carpeta_).filePath(nombre);
+}
+
+QString Contexto::PrepararCarpeta() const
+{
+    if (!QDir().mkpath(carpeta_))
+        return QStringLiteral("No se puede crear la carpeta del programa:\r\n\r\n") + carpeta_;
+    QTemporaryFile prueba(Archivo(QStringLiteral("prueba_XXXXXX")));
+    if (!prueba.open())
+        return QStringLiteral("No se puede escribir en la carpeta del programa:\r\n\r\n") +
+               carpeta_;
+    return {};
+}
+
+QString Contexto::AbrirAlmacen()
+{
+    return almacen_.Abrir(Archivo(QStringLiteral("base0.db")));
+}

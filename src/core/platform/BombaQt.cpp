@@ -1,0 +1,8 @@
+#include "core/platform/BombaQt.h"
+
+#include <QCoreApplication>
+
+void BombaQt::Bombear()
+{
+    QCoreApplication::processEvents();
+}

@@ -1,0 +1,6 @@
+#include "core/platform/RelojSistema.h"
+
+QDateTime RelojSistema::Ahora() const
+{
+    return QDateTime::currentDateTime();
+}

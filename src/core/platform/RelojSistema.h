@@ -1,0 +1,10 @@
+#pragma once
+// The machine's clock, local time.
+
+#include "core/platform/Reloj.h"
+
+class RelojSistema : public Reloj
+{
+public:
+    QDateTime Ahora() const override;
+};

@@ -1,0 +1,134 @@
+#pragma once
+// The store: the only code that speaks SQL. All QSOs of all logs live in one SQLite
+// file, base0.db; a log is a name in the column "Nombre Log". Every value is bound,
+// never joined into a statement, so an apostrophe is stored like any other character.
+
+#include "core/store/RegistroQSO.h"
+
+#include <QSqlDatabase>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+#include <optional>
+
+class Almacen
+{
+public:
+    Almacen();
+    ~Almacen();
+    Almacen(const Almacen &) = delete;
+    Almacen &operator=(const Almacen &) = delete;
+
+    // Opens the file, creating it with the full layout when it is missing. On failure
+    // the answer is a Spanish message for the operator and the file is left untouched
+    // (a file that is not a database is never written to).
+    QString Abrir(const QString &archivo);
+    void Cerrar();
+    bool Abierto() const;
+    QString Archivo() const;
+
+    // ---- Writing rows -------------------------------------------------------------
+    // Each add answers the new id (0 on failure).
+    // A QSO typed in the main window: LbN "1", province from the callsign.
+    qint64 AgregarQSO(const RegistroQSO &qso, const QString &logenUso);
+    // An imported QSO: LbN, satellite and province as the record brings them (trimmed).
+    qint64 AgregarQSOImportado(const RegistroQSO &qso, const QString &logenUso);
+    // A contest QSO into Tabla2. Operador and Argento stay unset.
+    qint64 AgregarQSOConcurso(const FilaConcurso &fila);
+    // The import staging table Tabla3: reports cut to 3, Obs to 100, grids trimmed.
+    qint64 AgregarQSOEspera(const RegistroQSO &qso, const QString &dupe, const QString &logenUso);
+    // A placeholder row: only "Nombre Log" set, so the log exists with no QSOs.
+    qint64 AgregarLogVacio(const QString &log);
+
+    bool ActualizarQSO(qint64 id, const RegistroQSO &qso);
+    bool MarcarLbN(qint64 id, int estado);
+    bool ActualizarQSOConcurso(qint64 id, const FilaConcurso &fila);
+    bool BorrarQSO(qint64 id);
+    bool BorrarQSOConcurso(qint64 id);
+    bool BorrarLog(const QString &log);
+    bool BorrarLogConcurso(const QString &log);
+    bool VaciarEspera();
+    // "Hacer Tabla!": empties the three tables and restarts their counters at 1.
+    bool VaciarTodo();
+    // Brings an older file to the current layout; harmless when repeated.
+    void ActualizarEsquema();
+    bool ExisteLogConcurso(const QString &log);
+
+    // Many writes as one (an import, a load of Tabla3): all reach the disk together,
+    // far faster than one commit per row. Not nested. A transaction that adds many rows
+    // to Tabla1 (see UmbralCargaMasiva) becomes a bulk load: its indexes are sorted once
+    // and its counts added once at the confirm, instead of row by row. Reading a log
+    // (other than one row by id), or changing or deleting a row, in between ends it, and
+    // every read is right. A confirm that fails keeps nothing of the transaction.
+    bool IniciarTransaccion();
+    bool ConfirmarTransaccion();
+    bool DeshacerTransaccion();
+    // Rows a transaction adds to Tabla1 before it is considered for a bulk load (50,000);
+    // a test lowers it to try the bulk load on a few rows.
+    void UmbralCargaMasiva(int filas);
+    // Whether the open transaction is a bulk load now.
+    bool EnCargaMasiva() const;
+
+    // ---- Reading ------------------------------------------------------------------
+    // Names of the logs, placeholder-only logs included, case-insensitive order.
+    QStringList Logs();
+    // Every log with its count of QSOs, in the order of Logs().
+    QVector<QPair<QString, qint64>> LogsConCantidad();
+    // QSOs of one log, the placeholder row left out. Kept by triggers: no walk.
+    qint64 CantidadQSOs(const QString &log);
+
+    // The log view: up to 20 rows newest first (Fecha, Hora, id descending), starting at
+    // row number filaInicial (from 1) of that order. Next and previous pages seek from
+    // the edge of the page read last; first and last page read from their ends; only a
+    // jump uses an offset, from the nearer end.
+    QVector<FilaQSO> PaginaLog(const QString &log, qint64 filaInicial, int tamano = 20);
+
+    // The newest QSO of a log (F5 with nothing entered in this run).
+    std::optional<FilaQSO> UltimoQSO(const QString &log);
+    // One row of a log by id (F5 after an entry, the import).
+    std::optional<FilaQSO> QSOPorId(const QString &log, qint64 id);
+    // Callsign history: QSOs whose Estacion starts with the text, oldest first.
+    QVector<FilaQSO> HistorialDe(const QString &log, const QString &inicioSenal);
+    // The whole log newest first (search window), placeholder included as the
+    // original statement does.
+    QVector<FilaQSO> LogCompletoDescendente(const QString &log);
+    // The whole log oldest first (province award, upload and check).
+    QVector<FilaQSO> LogCompletoAscendente(const QString &log);
+    // What "Sólo Subir" uploads: LbN empty or "0", oldest first.
+    QVector<FilaQSO> PendientesLbN(const QString &log);
+    // Duplicate candidates of the import.
+    QVector<FilaQSO> Candidatos(const QString &log, const QString &modo, const QString &banda,
+                                const QString &myCall, const QString &estacion);
+    // The filtered list of the search window: QSOs of the log, newest first, optionally
+    // only those of one own callsign and/or one operator (empty filter = any).
+    QVector<FilaQSO> BuscarQSOs(const QString &log, const QString &myCall, const QString &operador);
+    // The export search: LIKE patterns with * and ? wildcards (empty = any),
+    // Obs matched anywhere ("*texto*"), optionally only satellite QSOs; oldest first.
+    struct FiltroExportacion
+    {
+        QString myCall, operador, estacion, modo, banda, obs;
+        bool soloSatelite = false;
+    };
+    QVector<FilaQSO> ExportarQSOs(const QString &log, const FiltroExportacion &filtro);
+    QVector<FilaQSO> TodosLosQSOs();
+    QVector<FilaQSO> FilasEspera();
+
+    // Contest logs.
+    QStringList LogsConcurso();
+    QVector<FilaConcurso> LogConcurso(const QString &log);   // insertion order
+    QStringList SatelitesDeConcurso(const QString &log);     // distinct Nombre_Sat
+    QVector<FilaConcurso> VistaConcurso(const QString &log); // Modo<>'', id descending
+    QVector<FilaConcurso> LogConcursoOrdenado(const QString &log, bool ascendente);
+    QVector<FilaConcurso> ConcursoPorModoBanda(const QString &log, const QString &modo,
+                                               const QString &banda);
+    QVector<FilaConcurso> ConcursoPorModoBandaEstacion(const QString &log, const QString &modo,
+                                                       const QString &banda,
+                                                       const QString &estacion);
+
+    // The last error of the engine, for a message; empty when all went well.
+    QString UltimoError() const;
+
+private:
+    struct Privado;
+    Privado *d;
+};

@@ -1,0 +1,14 @@
+#pragma once
+// The key filters of the entry fields, applied to a key typed into a line edit.
+
+#include "core/rules/Entrada.h"
+
+class QKeyEvent;
+class QLineEdit;
+
+// True when the key was taken care of here: dropped by the filter, or put in upper-cased.
+// False when the field should take the key as it is (editing keys, Ctrl commands, and
+// characters the filter lets through unchanged). The edit window's filters do not let
+// the '?' through; the main window's do.
+bool FiltrarTeclaEnCampo(QLineEdit *campo, QKeyEvent *tecla, FiltroTecla filtro,
+                         bool dejarPregunta = true);

@@ -1,0 +1,215 @@
+#pragma once
+// Form1: the main logging window, the program's start and end. It holds the entry of
+// one QSO, the log view with its navigator, the keyboard commands and the closing run.
+
+#include "core/config/EnlacePrincipal.h"
+#include "core/config/Memoria.h"
+#include "core/store/NavegadorPaginas.h"
+
+#include <QMainWindow>
+#include <functional>
+
+class Contexto;
+class Form2;
+class Form18;
+class QAction;
+class QKeyEvent;
+class QCheckBox;
+class QComboBox;
+class QGroupBox;
+class QLabel;
+class QLineEdit;
+class QMenu;
+class QProgressBar;
+class QPushButton;
+class QTimer;
+class QTreeWidget;
+class QTreeWidgetItem;
+struct FilaQSO;
+
+class Form1 : public QMainWindow, public EnlacePrincipal
+{
+    Q_OBJECT
+public:
+    explicit Form1(Contexto &contexto, QWidget *parent = nullptr);
+    ~Form1() override;
+
+    // ---- Menus --------------------------------------------------------------------
+    QMenu *archivo = nullptr;
+    QMenu *ayuy = nullptr;
+    QMenu *lados = nullptr;
+    QMenu *backup = nullptr;
+    QAction *conf = nullptr, *alog = nullptr, *nuevo = nullptr, *borralog = nullptr;
+    QAction *eadif = nullptr, *lbn2 = nullptr, *suych = nullptr, *ssub = nullptr;
+    QAction *parg = nullptr, *iadif = nullptr, *cabro = nullptr, *badeda = nullptr;
+    QAction *badif = nullptr, *salir = nullptr, *Ayuda = nullptr, *ac = nullptr;
+    QAction *acerca = nullptr;
+
+    // ---- Entry (Frame1) -----------------------------------------------------------
+    QGroupBox *Frame1 = nullptr;
+    QLineEdit *Corresponsal = nullptr, *Fecha = nullptr, *Hora = nullptr, *RSE = nullptr;
+    QLineEdit *RSR = nullptr, *Text1 = nullptr, *Text2 = nullptr, *Obs = nullptr;
+    QComboBox *mhz = nullptr, *Combo1 = nullptr, *Combo2 = nullptr, *Combo3 = nullptr;
+    QLabel *Label7 = nullptr, *Label11 = nullptr;
+    QCheckBox *Check1 = nullptr, *Check2 = nullptr, *Check3 = nullptr;
+    QGroupBox *Frame2 = nullptr;
+    QPushButton *Command1 = nullptr;
+    QLabel *Subida = nullptr, *Bajada = nullptr, *Modo = nullptr, *Subtono = nullptr;
+    QPushButton *Command7 = nullptr, *Command13 = nullptr, *Command14 = nullptr;
+    QPushButton *Command15 = nullptr;
+
+    // ---- Log view (Frame3) --------------------------------------------------------
+    QGroupBox *Frame3 = nullptr;
+    QTreeWidget *ListView2 = nullptr;
+    QLabel *Label6 = nullptr, *Label9 = nullptr, *Label4 = nullptr, *Label5 = nullptr;
+    QPushButton *Command2 = nullptr;
+
+    // ---- Navigator and CQ caller (Frame4) -----------------------------------------
+    QGroupBox *Frame4 = nullptr;
+    QPushButton *anterior = nullptr, *menos = nullptr, *mas = nullptr, *ultima = nullptr;
+    QLineEdit *Text3 = nullptr;
+    QPushButton *Command8 = nullptr;
+    QLabel *txt_pagina = nullptr, *txt_total = nullptr;
+    QProgressBar *ProgressBar1 = nullptr;
+    QLabel *Label12 = nullptr, *Label13 = nullptr, *sFondo = nullptr, *sPorcentaje = nullptr;
+
+    // ---- Station (Frame5) ---------------------------------------------------------
+    QGroupBox *Frame5 = nullptr;
+    QLabel *Label2 = nullptr, *Label3 = nullptr, *Label8 = nullptr;
+    QLabel *Image1 = nullptr, *Image2 = nullptr;
+
+    // ---- Timers -------------------------------------------------------------------
+    QTimer *Timer1 = nullptr, *Timer2 = nullptr, *Timer3 = nullptr, *Timer4 = nullptr;
+    QTimer *Timer5 = nullptr, *Timer6 = nullptr, *Timer7 = nullptr, *Timer8 = nullptr;
+    QTimer *Timer9 = nullptr, *Timer10 = nullptr;
+
+    Form2 *form2() const { return form2_; }
+    NavegadorPaginas &navegador() { return nav_; }
+
+    // ---- Operations ---------------------------------------------------------------
+    void AplicarPantalla(int pantalla);
+    // Fills the log view with the page of LogenUso that starts at filaInicial.
+    void CargarLog(qint64 filaInicial);
+    // The click of "Ingresar QSO".
+    void IngresarQSO();
+    // The Enter walk through the fields.
+    void TeclaEnter();
+    // F5: the last QSO to the edit window.
+    void EditarUltimoQSO();
+    // "Hacer Tabla!": empties every table and restarts the counters.
+    void HacerTabla();
+    // The presence messages to the maker's site.
+    QString DireccionPresencia(const QString &comando) const;
+    // The closing road: the close box saves config.ini, "Salir" does not.
+    void Salir(bool guardarConfiguracion);
+    // Log management and the callsign history (Form1Logs.cpp).
+    void alog_Click();
+    void nuevo_Click();
+    void borralog_Click();
+    // Opens the log by name: LogenUso, config.ini saved, the view on its first page.
+    void AbrirLog(const QString &nombre);
+    // "?" and Ctrl+X: the QSOs of the correspondent in the log in use.
+    void Command7_Click();
+    // The satellite passes page.
+    void Command15_Click();
+    void ConectarLogs();
+
+    // Seams for windows that come later: set by whoever provides them.
+    std::function<void(const FilaQSO &, bool conSat)> abrirEdicion;
+    std::function<void()> buscarQRZ, buscarLbN;
+
+    // EnlacePrincipal: what the configuration window changes here.
+    int ValorNoBorrar() const override;
+    void PonerNoBorrar(int valor) override;
+    void AplicarConfiguracion(const QString &estacion, const QString &operador,
+                              const QString &logenUso, const QString &grid, int pantalla) override;
+    void PonerPresencia(bool habilitada) override;
+
+public Q_SLOTS:
+    void Timer1_Timer();
+    void Timer2_Timer();
+    void Timer3_Timer();
+    void Timer5_Timer();
+    void Timer6_Timer();
+    void Timer7_Timer();
+    void Timer8_Timer();
+    void Timer9_Timer();
+    void Timer10_Timer();
+    void Command9_Click();
+    void Command10_Click();
+    void anterior_Click();
+    void menos_Click();
+    void mas_Click();
+    void ultima_Click();
+    void Command8_Click();
+    void Command11_Click();
+
+protected:
+    bool eventFilter(QObject *objeto, QEvent *evento) override;
+    void closeEvent(QCloseEvent *evento) override;
+
+private:
+    void CrearMenus();
+    void CrearEntrada();
+    void CrearVista();
+    void CrearNavegador();
+    void CrearEstacion();
+    void CrearTimers();
+    void Cargar();
+    void ConectarEntrada();
+    void RestaurarMemoria();
+    void GuardarMemEntrada();
+    void GuardarMemFinal();
+    MemoriaEntrada MemoriaActual() const;
+
+    // Entry helpers.
+    bool AlTeclear(QLineEdit *campo, QKeyEvent *tecla);
+    bool AlPerderFoco(QLineEdit *campo);
+    void AlRecibirFoco(QLineEdit *campo);
+    void ActualizarBanda(bool moverFoco);
+    void LlenarFechaHora();
+    void Check1_Click();
+    void Label11_Click();
+    void MarcarFoco(QLineEdit *campo, bool conFoco);
+    bool ValidarCampo(QLineEdit *campo);
+
+    // Keyboard.
+    bool TeclaDeVentana(QKeyEvent *tecla);
+    void IniciarLlamador();
+    void DetenerLlamador();
+
+    // View helpers.
+    void ActualizarBotones(qint64 n);
+    void CambiarPagina();
+    qint64 CantidadDeLabel6() const;
+    void AgregarFila(const FilaQSO &fila);
+    void OrdenarPorColumna(int columna);
+    void DobleClicFila(QTreeWidgetItem *item);
+
+    // Settings read from the configuration window.
+    QString SenalPropia() const;
+    double DiferenciaUTC() const;
+
+    void AvisoDeCierre();
+    void PedirWeb(const QString &direccion);
+
+    Contexto &ctx;
+    Form2 *form2_ = nullptr;
+    Form18 *form18_ = nullptr;
+    NavegadorPaginas nav_;
+    QString paginaWeb_; // what the hidden browser shows, for its refresh
+    struct TeclaVista
+    {
+        const QKeyEvent *evento = nullptr;
+        quint64 momento = 0;
+        int tecla = 0;
+        bool operator==(const TeclaVista &) const = default;
+    };
+    TeclaVista ultimaTecla_; // the key the window handled last
+    bool CtrlPulsado = false;
+    bool CtrlLatch = false;
+    bool cerrando_ = false;
+    bool validando_ = false;
+    bool ordenAscendente_ = false;
+    qint64 ultimoTotal_ = 0;
+};

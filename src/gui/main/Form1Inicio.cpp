@@ -1,0 +1,347 @@
+// Form1: the load, the timers, the presence messages and the closing run.
+#include "core/config/Memoria.h"
+#include "core/context/Contexto.h"
+#include "core/rules/Bandas.h"
+#include "core/rules/Numeros.h"
+#include "gui/common/Twips.h"
+#include "gui/config/Form2.h"
+#include "gui/main/Form1.h"
+#include "gui/main/Form10.h"
+#include "gui/main/Form18.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QFile>
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QThread>
+#include <QTimer>
+#include <QTreeWidget>
+
+namespace {
+
+void Elegir(QComboBox *combo, const QString &texto)
+{
+    const int i = combo->findText(texto);
+    if (i >= 0)
+        combo->setCurrentIndex(i);
+    else if (combo->isEditable())
+        combo->setEditText(texto);
+    else {
+        // A value the list does not hold is shown as it stands.
+        combo->addItem(texto);
+        combo->setCurrentIndex(combo->count() - 1);
+    }
+}
+
+} // namespace
+
+void Form1::Cargar()
+{
+    ctx.IniciandoPrincipal = true;
+    ctx.VersionPrograma = QStringLiteral("2.1.03 (Beta)");
+    ctx.ConfigInicial = false;
+    archivo->menuAction()->setEnabled(false);
+    setWindowTitle(QStringLiteral("Carancho Radiolog V") + ctx.VersionPrograma);
+    Frame1->resize(Px(6500), Frame1->height());
+
+    Combo1->clear();
+    Combo1->addItems(ModosPrincipal());
+    Elegir(Combo1, QStringLiteral("SSB"));
+    mhz->clear();
+    mhz->addItems(ListaMhz());
+    Elegir(mhz, QStringLiteral("3"));
+    Combo2->clear();
+    Combo2->addItems(ListaBandas());
+    Elegir(Combo2, QStringLiteral("80m"));
+    Label7->setText(QStringLiteral("80m"));
+    RSE->setText(QStringLiteral("59"));
+    RSR->setText(QStringLiteral("59"));
+    Label11->setText(QStringLiteral("LU"));
+
+    RestaurarMemoria();
+    sPorcentaje->resize(0, sPorcentaje->height());
+
+    // The clock fills the date and time at its first tick; until then show them already.
+    const QDateTime utc = ctx.reloj().Ahora().addSecs(qint64(-DiferenciaUTC() * 3600.0));
+    if (!Check1->isChecked()) {
+        Fecha->setText(utc.toString(QStringLiteral("dd/MM/yyyy")));
+        Hora->setText(utc.toString(QStringLiteral("HH:mm")));
+        Fecha->setEnabled(false);
+        Hora->setEnabled(false);
+    }
+
+    connect(conf, &QAction::triggered, this, [this] {
+        form2_->LeerConfiguracion();
+        form2_->Mostrar();
+    });
+    connect(salir, &QAction::triggered, this, [this] { Salir(false); });
+    connect(Ayuda, &QAction::triggered, this, [this] {
+        if (!ctx.escritorio().Abrir(ctx.Archivo(QStringLiteral("AyudaRadiolog2.pdf"))))
+            ctx.dialogos().Exclamacion(QStringLiteral("No se pudo abrir la ayuda:\r\n\r\n") +
+                                       ctx.Archivo(QStringLiteral("AyudaRadiolog2.pdf")));
+    });
+    connect(acerca, &QAction::triggered, this, [this] {
+        Form10 acercaDe(ctx, this);
+        acercaDe.exec();
+    });
+    connect(anterior, &QPushButton::clicked, this, &Form1::anterior_Click);
+    connect(menos, &QPushButton::clicked, this, &Form1::menos_Click);
+    connect(mas, &QPushButton::clicked, this, &Form1::mas_Click);
+    connect(ultima, &QPushButton::clicked, this, &Form1::ultima_Click);
+    connect(Command8, &QPushButton::clicked, this, &Form1::Command8_Click);
+    connect(ListView2->header(), &QHeaderView::sectionClicked, this,
+            [this](int c) { OrdenarPorColumna(c); });
+    connect(ListView2, &QTreeWidget::itemDoubleClicked, this,
+            [this](QTreeWidgetItem *item) { DobleClicFila(item); });
+
+    ctx.IniciandoPrincipal = false;
+}
+
+void Form1::RestaurarMemoria()
+{
+    const MemoriaRestaurada m = ::RestaurarMemoria(ctx.Carpeta());
+    if (m.mhz)
+        Elegir(mhz, *m.mhz);
+    if (m.khz)
+        Text1->setText(*m.khz);
+    if (m.banda)
+        Label7->setText(*m.banda);
+    if (m.check1) {
+        Check1->setChecked(*m.check1 != 0);
+        if (*m.check1 != 0) {
+            // Manual time was on: the running clock will not fill the fields, so show the
+            // present moment once.
+            const QDateTime ahora = ctx.reloj().Ahora();
+            Fecha->setText(ahora.toString(QStringLiteral("dd/MM/yyyy")));
+            Hora->setText(ahora.toString(QStringLiteral("HH:mm")));
+        }
+    }
+    if (m.satelite && !m.satelite->isEmpty())
+        Elegir(Combo3, *m.satelite);
+    if (m.modo)
+        Elegir(Combo1, *m.modo);
+    if (m.check2)
+        Check2->setChecked(*m.check2 != 0);
+}
+
+MemoriaEntrada Form1::MemoriaActual() const
+{
+    MemoriaEntrada m;
+    m.mhz = mhz->currentText();
+    m.khz = Text1->text();
+    m.banda = Label7->text();
+    m.check1 = Check1->isChecked() ? 1 : 0;
+    m.modo = Combo1->currentText();
+    m.check2 = Check2->isChecked() ? 1 : 0;
+    return m;
+}
+
+void Form1::GuardarMemEntrada()
+{
+    GuardarMem(ctx.Carpeta(), MemoriaActual());
+}
+
+void Form1::GuardarMemFinal()
+{
+    GuardarMemSalida(ctx.Carpeta(), MemoriaActual());
+}
+
+QString Form1::SenalPropia() const
+{
+    return form2_->Text1->text();
+}
+
+double Form1::DiferenciaUTC() const
+{
+    return NumeroInicial(form2_->Text3->text());
+}
+
+// ---- Timers ------------------------------------------------------------------------------
+
+void Form1::Timer1_Timer()
+{
+    ctx.RelojActivo = true;
+    if (!Check1->isChecked()) {
+        Fecha->setEnabled(false);
+        Hora->setEnabled(false);
+        const QDateTime utc = ctx.reloj().Ahora().addSecs(qint64(-DiferenciaUTC() * 3600.0));
+        Fecha->setText(utc.toString(QStringLiteral("dd/MM/yyyy")));
+        Hora->setText(utc.toString(QStringLiteral("HH:mm")));
+    } else {
+        Fecha->setEnabled(true);
+        Hora->setEnabled(true);
+    }
+}
+
+void Form1::Timer2_Timer()
+{
+    Timer2->stop();
+    if (!QFile::exists(ctx.Archivo(QStringLiteral("config.ini")))) {
+        ctx.ConfigInicial = true;
+        form2_->Mostrar();
+        archivo->menuAction()->setEnabled(true);
+        return;
+    }
+    form2_->LeerConfiguracion();
+    archivo->menuAction()->setEnabled(false);
+    ListView2->clear();
+    CargarLog(1);
+    archivo->menuAction()->setEnabled(true);
+}
+
+void Form1::Timer3_Timer()
+{
+    // Blinks "QTR manual": the clock is not in force.
+    const bool blanco = Check1->palette().color(QPalette::Window) != QColor(Qt::white);
+    QPalette p = Check1->palette();
+    p.setColor(QPalette::Window, blanco ? QColor(Qt::white) : palette().color(QPalette::Button));
+    Check1->setPalette(p);
+}
+
+void Form1::Timer5_Timer()
+{
+    Timer5->stop();
+    PedirWeb(paginaWeb_);
+    if (!SenalPropia().isEmpty()) {
+        PedirWeb(DireccionPresencia(QStringLiteral("on")));
+        setWindowTitle(windowTitle() + QLatin1Char('*'));
+    }
+}
+
+void Form1::Timer6_Timer()
+{
+    ctx.TicksCierre += 1;
+    form18_->Avanzar(ctx.TicksCierre);
+    ctx.bomba().Bombear();
+    if (ctx.TicksCierre >= 25 && !ctx.CierreListo) {
+        Timer6->stop();
+        PedirWeb(paginaWeb_);
+        if (!SenalPropia().isEmpty())
+            PedirWeb(DireccionPresencia(QStringLiteral("off")));
+        ctx.CierreListo = true;
+    }
+}
+
+void Form1::Timer7_Timer()
+{
+    Timer7->stop();
+    Command9_Click();
+}
+
+void Form1::Timer8_Timer()
+{
+    Timer8->stop();
+    ctx.EsperaLista = true;
+}
+
+void Form1::Timer9_Timer()
+{
+    if (Image2->x() <= Px(-1000))
+        Image2->move(Px(4080), Image2->y());
+    Image2->move(Image2->x() - Px(30), Image2->y());
+}
+
+void Form1::Timer10_Timer()
+{
+    ctx.PulsoTimer10 = true;
+}
+
+// ---- Presence and closing ----------------------------------------------------------------
+
+void Form1::PedirWeb(const QString &direccion)
+{
+    if (direccion.isEmpty())
+        return;
+    paginaWeb_ = direccion;
+    ctx.web().Pedir(QUrl(direccion));
+}
+
+QString Form1::DireccionPresencia(const QString &comando) const
+{
+    return ctx.direcciones().Sitio + QStringLiteral("/carancho.php?qrz=") + SenalPropia() +
+           QStringLiteral("&prog=Carancho Radiolog 2") + QStringLiteral("&ver=") +
+           ctx.VersionPrograma + QStringLiteral("&comando=") + comando;
+}
+
+void Form1::Command9_Click()
+{
+    PedirWeb(ctx.direcciones().Sitio + QLatin1Char('/'));
+    Timer5->start();
+}
+
+void Form1::Command10_Click()
+{
+    PedirWeb(ctx.direcciones().Sitio + QLatin1Char('/'));
+    Timer6->start();
+}
+
+void Form1::AvisoDeCierre()
+{
+    PedirWeb(ctx.direcciones().Sitio + QLatin1Char('/'));
+    Timer6->start();
+}
+
+void Form1::closeEvent(QCloseEvent *evento)
+{
+    evento->ignore();
+    Salir(true);
+}
+
+void Form1::Salir(bool guardarConfiguracion)
+{
+    if (cerrando_)
+        return;
+    if (!ctx.dialogos().PreguntaSiNo(QStringLiteral("Sale de Carancho Radiolog?")))
+        return;
+    cerrando_ = true;
+    if (guardarConfiguracion)
+        form2_->GuardarConfiguracion();
+    form18_->Mostrar();
+    AvisoDeCierre();
+    // Five seconds of ticks give the "off" message time to reach the site.
+    while (!ctx.CierreListo) {
+        ctx.bomba().Bombear();
+        if (!ctx.CierreListo)
+            QThread::msleep(5);
+    }
+    GuardarMemFinal();
+    ctx.Terminar(0);
+}
+
+// ---- What the configuration window changes here ------------------------------------------
+
+int Form1::ValorNoBorrar() const
+{
+    return Check3->isChecked() ? 1 : 0;
+}
+
+void Form1::PonerNoBorrar(int valor)
+{
+    Check3->setChecked(valor != 0);
+}
+
+void Form1::AplicarConfiguracion(const QString &estacion, const QString &operador,
+                                 const QString &logenUso, const QString &grid, int pantalla)
+{
+    AplicarPantalla(pantalla);
+    Label2->setText(estacion.toUpper());
+    Label3->setText(operador.toUpper());
+    Frame1->setTitle(logenUso);
+    Label8->setText(grid);
+}
+
+void Form1::PonerPresencia(bool habilitada)
+{
+    if (habilitada)
+        Timer7->start();
+    else
+        Timer7->stop();
+}

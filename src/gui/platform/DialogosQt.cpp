@@ -1,0 +1,91 @@
+#include "gui/platform/DialogosQt.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+
+namespace {
+
+QString Titulo(const QString &titulo)
+{
+    return titulo.isEmpty() ? TituloPrograma() : titulo;
+}
+
+// Messages are written with CRLF line ends, as the files are; a label wants plain LF.
+QString TextoVisible(const QString &texto)
+{
+    QString t = texto;
+    t.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    t.replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    return t;
+}
+
+QMessageBox::StandardButton Caja(QMessageBox::Icon icono, const QString &texto,
+                                 const QString &titulo, QMessageBox::StandardButtons botones,
+                                 QMessageBox::StandardButton porDefecto)
+{
+    QMessageBox caja(icono, Titulo(titulo), TextoVisible(texto), botones,
+                     QApplication::activeWindow());
+    // A callsign or a remark with a '<' must never be taken for markup.
+    caja.setTextFormat(Qt::PlainText);
+    caja.setDefaultButton(porDefecto);
+    return static_cast<QMessageBox::StandardButton>(caja.exec());
+}
+
+} // namespace
+
+void DialogosQt::Exclamacion(const QString &texto, const QString &titulo)
+{
+    Caja(QMessageBox::Warning, texto, titulo, QMessageBox::Ok, QMessageBox::Ok);
+}
+
+void DialogosQt::Alto(const QString &texto, const QString &titulo)
+{
+    Caja(QMessageBox::Critical, texto, titulo, QMessageBox::Ok, QMessageBox::Ok);
+}
+
+void DialogosQt::Informacion(const QString &texto, const QString &titulo)
+{
+    Caja(QMessageBox::Information, texto, titulo, QMessageBox::Ok, QMessageBox::Ok);
+}
+
+bool DialogosQt::PreguntaSiNo(const QString &texto, const QString &titulo)
+{
+    // No is the default: a hurried Enter must not destroy anything.
+    return Caja(QMessageBox::Question, texto, titulo, QMessageBox::Yes | QMessageBox::No,
+                QMessageBox::No) == QMessageBox::Yes;
+}
+
+bool DialogosQt::AceptarCancelar(const QString &texto, const QString &titulo)
+{
+    return Caja(QMessageBox::Question, texto, titulo, QMessageBox::Ok | QMessageBox::Cancel,
+                QMessageBox::Ok) == QMessageBox::Ok;
+}
+
+std::optional<QString> DialogosQt::Entrada(const QString &texto, const QString &titulo,
+                                           const QString &porDefecto)
+{
+    QInputDialog caja(QApplication::activeWindow());
+    caja.setWindowTitle(Titulo(titulo));
+    caja.setLabelText(TextoVisible(texto));
+    caja.setInputMode(QInputDialog::TextInput);
+    caja.setTextValue(porDefecto);
+    if (caja.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return caja.textValue();
+}
+
+QString DialogosQt::AbrirArchivo(const QString &titulo, const QString &carpeta,
+                                 const QString &filtro)
+{
+    return QFileDialog::getOpenFileName(QApplication::activeWindow(), Titulo(titulo), carpeta,
+                                        filtro);
+}
+
+QString DialogosQt::GuardarArchivo(const QString &titulo, const QString &carpeta,
+                                   const QString &filtro)
+{
+    return QFileDialog::getSaveFileName(QApplication::activeWindow(), Titulo(titulo), carpeta,
+                                        filtro);
+}

@@ -1,8 +1,0 @@
-#include "platform/BombaQt.h"
-
-#include <QCoreApplication>
-
-void BombaQt::Bombear()
-{
-    QCoreApplication::processEvents();
-}

@@ -1,6 +1,0 @@
-#include "platform/RelojSistema.h"
-
-QDateTime RelojSistema::Ahora() const
-{
-    return QDateTime::currentDateTime();
-}
