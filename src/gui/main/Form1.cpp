@@ -81,16 +81,19 @@ Form1::Form1(Contexto &contexto, QWidget *parent)
     form18_ = new Form18(this);
 
     ConectarEntrada();
-    qApp->installEventFilter(this);
+    // The window sees the keys, clicks and focus changes of its own widgets first. Not the
+    // whole application's: a message box over this window, or a screen reader's bridge
+    // handing a key on, must not reach the Enter walk a second time.
+    installEventFilter(this);
+    for (QWidget *w : findChildren<QWidget *>())
+        if (w->window() == this)
+            w->installEventFilter(this);
     AplicarPantalla(1);
     Cargar();
     ConectarLogs();
 }
 
-Form1::~Form1()
-{
-    qApp->removeEventFilter(this);
-}
+Form1::~Form1() = default;
 
 void Form1::CrearMenus()
 {
@@ -359,7 +362,6 @@ void Form1::CrearEstacion()
     logo.setPointSizeF(logo.pointSizeF() * 1.8);
     Image1->setFont(logo);
     Image1->setStyleSheet(QStringLiteral("color: #6b3a12;"));
-    Image1->installEventFilter(this);
     Image2 = Poner<QLabel>(Frame5, "Image2", 4080, 1500, 1000, 1000);
     Image2->setText(QStringLiteral("Vía Satélite"));
     Image2->setVisible(false);

@@ -198,14 +198,6 @@ private:
     Form18 *form18_ = nullptr;
     NavegadorPaginas nav_;
     QString paginaWeb_; // what the hidden browser shows, for its refresh
-    struct TeclaVista
-    {
-        const QKeyEvent *evento = nullptr;
-        quint64 momento = 0;
-        int tecla = 0;
-        bool operator==(const TeclaVista &) const = default;
-    };
-    TeclaVista ultimaTecla_; // the key the window handled last
     bool CtrlPulsado = false;
     bool CtrlLatch = false;
     bool cerrando_ = false;

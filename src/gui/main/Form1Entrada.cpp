@@ -74,7 +74,6 @@ void Form1::ConectarEntrada()
         if (buscarLbN)
             buscarLbN();
     });
-    Label11->installEventFilter(this);
 }
 
 void Form1::MarcarFoco(QLineEdit *campo, bool conFoco)

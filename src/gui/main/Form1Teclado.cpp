@@ -1,6 +1,6 @@
 // Form1: the keys. The window sees every key before the field with the focus, and the
-// field then gets the same key: the shortcuts, the Enter walk, F1/Esc for the CQ caller
-// and F5 for the last QSO.
+// field then gets the same key (all but Enter): the shortcuts, the Enter walk, F1/Esc for the CQ
+// caller and F5 for the last QSO.
 #include "core/context/Contexto.h"
 #include "core/rules/Validacion.h"
 #include "gui/config/Form2.h"
@@ -54,19 +54,13 @@ bool Form1::eventFilter(QObject *objeto, QEvent *evento)
         break;
     }
     case QEvent::KeyPress: {
-        auto *w = qobject_cast<QWidget *>(objeto);
-        if (!w || w->window() != this)
-            break;
-        // A key that no field took travels up to the window: handle it only once, even
-        // when the focus moved away meanwhile (F5 opening and closing the edit window).
-        QWidget *foco = QApplication::focusWidget();
-        if (objeto != foco && !(foco == nullptr && objeto == this))
+        // A key lands on the window's focus widget (on the window itself when none has the
+        // focus) and, if that one leaves it, travels on to the frames and the window: act
+        // where it lands, only while this window is the operator's, and so once per key.
+        QWidget *destino = focusWidget() ? focusWidget() : this;
+        if (objeto != destino || !isActiveWindow() || QApplication::activeModalWidget())
             break;
         auto *tecla = static_cast<QKeyEvent *>(evento);
-        const TeclaVista vista{tecla, tecla->timestamp(), tecla->key()};
-        if (vista == ultimaTecla_)
-            break;
-        ultimaTecla_ = vista;
         if (TeclaDeVentana(tecla))
             return true;
         if (auto *campo = qobject_cast<QLineEdit *>(objeto))
@@ -74,7 +68,6 @@ bool Form1::eventFilter(QObject *objeto, QEvent *evento)
         break;
     }
     case QEvent::KeyRelease:
-        ultimaTecla_ = {}; // the next press is a new key, wherever it lives in memory
         if (static_cast<QKeyEvent *>(evento)->key() == Qt::Key_Control)
             CtrlPulsado = false;
         break;
@@ -160,8 +153,12 @@ bool Form1::TeclaDeVentana(QKeyEvent *tecla)
         if (!Check3->isChecked())
             Obs->clear();
     }
-    if (k == Qt::Key_Return || k == Qt::Key_Enter)
+    // Enter is the walk's alone: it goes no further, so no frame, field or window below
+    // takes it as a second Enter.
+    if (k == Qt::Key_Return || k == Qt::Key_Enter) {
         TeclaEnter();
+        return true;
+    }
     if (k == Qt::Key_F5)
         EditarUltimoQSO();
     return false;

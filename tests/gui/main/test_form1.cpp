@@ -4,7 +4,9 @@
 #include "gui/config/Form2.h"
 #include "gui/main/Form1.h"
 #include "gui/main/Form18.h"
+#include "gui/platform/DialogosQt.h"
 #include "support/ContextoPrueba.h"
+#include "support/Modales.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -14,6 +16,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QRandomGenerator>
 #include <QTest>
@@ -86,6 +89,57 @@ struct Ventana
     int terminado = -1;
 };
 
+// What a screen reader's bridge does to the keys of the window system: it holds each one
+// while it asks the reader whether it wants it, then hands a copy to the same widget.
+class PuenteLector : public QObject
+{
+protected:
+    bool eventFilter(QObject *destino, QEvent *evento) override
+    {
+        if ((evento->type() != QEvent::KeyPress && evento->type() != QEvent::KeyRelease) ||
+            !evento->spontaneous() || !destino->isWidgetType())
+            return false;
+        const auto *k = static_cast<QKeyEvent *>(evento);
+        auto copia = std::make_shared<QKeyEvent>(k->type(), k->key(), k->modifiers(), k->text(),
+                                                 k->isAutoRepeat(), k->count());
+        copia->setTimestamp(k->timestamp());
+        QTimer::singleShot(0, this, [d = QPointer<QObject>(destino), copia] {
+            if (d)
+                QCoreApplication::sendEvent(d, copia.get());
+        });
+        return true;
+    }
+};
+
+// Every message comes as a real modal box, answered from inside its own loop by a key or a
+// click sent through the window system, as the operator answers it.
+void CajasDeVerdad(DialogosFalso &d, const QString &respuesta)
+{
+    d.alLlegar = [&d, respuesta](const LlamadaDialogo &l) {
+        if (d.llamadas.size() > 6) // a box that keeps coming back: enough to tell
+            return;
+        CuandoAparezcaModal([respuesta](QWidget *caja) {
+            QWindow *ventana = caja->windowHandle();
+            if (respuesta == QLatin1String("clic")) {
+                QPushButton *aceptar = qobject_cast<QPushButton *>(
+                    qobject_cast<QMessageBox *>(caja)->buttons().value(0));
+                QTest::mouseClick(ventana, Qt::LeftButton, {},
+                                  aceptar->mapTo(caja, aceptar->rect().center()));
+            } else {
+                const Qt::Key tecla = respuesta == QLatin1String("espacio") ? Qt::Key_Space
+                                      : respuesta == QLatin1String("Esc")   ? Qt::Key_Escape
+                                                                            : Qt::Key_Return;
+                QTest::keyClick(ventana, tecla);
+            }
+        });
+        DialogosQt real;
+        if (l.tipo == LlamadaDialogo::Tipo::Alto)
+            real.Alto(l.texto);
+        else
+            real.Exclamacion(l.texto);
+    };
+}
+
 } // namespace
 
 class TestForm1 : public QObject
@@ -98,6 +152,8 @@ private Q_SLOTS:
     void fechaMalaConElRaton();
     void caminoDelEnter_data();
     void caminoDelEnter();
+    void cajaDelEnterUnaVez_data();
+    void cajaDelEnterUnaVez();
     void filtrosDeTeclas_data();
     void filtrosDeTeclas();
     void paginas_data();
@@ -285,6 +341,61 @@ void TestForm1::caminoDelEnter()
     QCOMPARE(v.d().UltimoTexto(), mensaje);
     QCOMPARE(v.d().llamadas.last().tipo, alto ? Tipo::Alto : Tipo::Exclamacion);
     QCOMPARE(v.Foco()->objectName(), campo);
+    QCOMPARE(v.p->almacen().CantidadQSOs(QStringLiteral("Pruebas")), 0);
+}
+
+void TestForm1::cajaDelEnterUnaVez_data()
+{
+    QTest::addColumn<QString>("corresponsal");
+    QTest::addColumn<QString>("rse");
+    QTest::addColumn<QString>("respuesta");
+    QTest::addColumn<bool>("lector");
+    QTest::addColumn<QString>("mensaje");
+    for (const bool lector : {false, true}) {
+        for (const char *respuesta : {"Enter", "espacio", "Esc", "clic"})
+            QTest::addRow("falta, %s%s", respuesta, lector ? ", con lector" : "")
+                << ""
+                << "59" << respuesta << lector << "Falta el Corresponsal!";
+        QTest::addRow("propia%s", lector ? ", con lector" : "")
+            << "LU1AAA"
+            << "59"
+            << "Enter" << lector << "QSO con la propia estación???";
+        QTest::addRow("operador%s", lector ? ", con lector" : "")
+            << "LU2BBB"
+            << "59"
+            << "Enter" << lector << "QSO con el Operador???";
+        QTest::addRow("reporte%s", lector ? ", con lector" : "")
+            << "LU9ZZ"
+            << ""
+            << "Enter" << lector << "Reporte Enviado no válido!";
+    }
+}
+
+void TestForm1::cajaDelEnterUnaVez()
+{
+    QFETCH(QString, corresponsal);
+    QFETCH(QString, rse);
+    QFETCH(QString, respuesta);
+    QFETCH(bool, lector);
+    QFETCH(QString, mensaje);
+    PuenteLector puente;
+    if (lector) // the bridge is there before any window, as the desktop's is
+        qApp->installEventFilter(&puente);
+    Ventana v;
+    CajasDeVerdad(v.d(), respuesta);
+    v.f->RSE->setText(rse);
+    v.f->Corresponsal->setText(corresponsal);
+    QWindow *ventana = v.f->windowHandle();
+    // Twice: a box that only comes back from the second refusal on is caught too.
+    for (int vez = 1; vez <= 2; ++vez) {
+        QTest::keyClick(ventana, Qt::Key_Return);
+        QTest::qWait(60);
+        QCOMPARE(v.d().Textos(), QStringList(vez, mensaje));
+        // The window manager gives the window back its activation once the box is gone.
+        QApplication::setActiveWindow(v.f.get());
+        QVERIFY(QTest::qWaitForWindowActive(v.f.get()));
+    }
+    QVERIFY(!QApplication::activeModalWidget());
     QCOMPARE(v.p->almacen().CantidadQSOs(QStringLiteral("Pruebas")), 0);
 }
 
