@@ -150,6 +150,7 @@ private Q_SLOTS:
     void qsoConElTecladoSolo();
     void horaManualEnHoraLocal();
     void fechaMalaConElRaton();
+    void unClicUnaVez();
     void caminoDelEnter_data();
     void caminoDelEnter();
     void cajaDelEnterUnaVez_data();
@@ -272,6 +273,25 @@ void TestForm1::fechaMalaConElRaton()
     QCOMPARE(v.d().UltimoTexto(), MensajeFecha(QStringLiteral("31/02/2024")));
     QCOMPARE(v.p->almacen().CantidadQSOs(QStringLiteral("Pruebas")), 0);
     QCOMPARE(v.f->Corresponsal->text(), QStringLiteral("LU5FF"));
+}
+
+void TestForm1::unClicUnaVez()
+{
+    Ventana v;
+    v.f->Check1->click();
+    QWindow *ventana = v.f->windowHandle();
+    const auto centro = [&](QWidget *w) { return w->mapTo(v.f.get(), w->rect().center()); };
+    // Through the window, as the pointer arrives: one click is one change of base.
+    QTest::mouseClick(ventana, Qt::LeftButton, {}, centro(v.f->Label11));
+    QCOMPARE(v.f->Label11->text(), QStringLiteral("UTC"));
+    QCOMPARE(v.f->Hora->text(), QStringLiteral("17:30"));
+    QTest::qWait(QApplication::doubleClickInterval() + 50);
+    QTest::mouseClick(ventana, Qt::LeftButton, {}, centro(v.f->Label11));
+    QCOMPARE(v.f->Label11->text(), QStringLiteral("LU"));
+    QCOMPARE(v.f->Hora->text(), QStringLiteral("14:30"));
+    // One double click on the logo opens the site once.
+    QTest::mouseDClick(ventana, Qt::LeftButton, {}, centro(v.f->Image1));
+    QCOMPARE(v.p.falsos.escritorio->abiertos, QStringList{v.p->direcciones().Sitio});
 }
 
 void TestForm1::caminoDelEnter_data()
