@@ -169,6 +169,9 @@ private:
     void ActualizarBanda(bool moverFoco);
     void LlenarFechaHora();
     void Check1_Click();
+    // "QTR manual" on: the date and time are the operator's, with their base shown and the
+    // box blinking; off: they are the clock's again.
+    void PonerQTRManual(bool manual);
     void Label11_Click();
     void MarcarFoco(QLineEdit *campo, bool conFoco);
     bool ValidarCampo(QLineEdit *campo);

@@ -202,9 +202,9 @@ void Form1::LlenarFechaHora()
     Hora->setText(ahora.toString(QStringLiteral("HH:mm")));
 }
 
-void Form1::Check1_Click()
+void Form1::PonerQTRManual(bool manual)
 {
-    if (Check1->isChecked()) {
+    if (manual) {
         Timer3->start();
         Label11->setVisible(true);
         Fecha->setEnabled(true);
@@ -215,6 +215,11 @@ void Form1::Check1_Click()
         Timer3->stop();
         Check1->setPalette(QPalette());
     }
+}
+
+void Form1::Check1_Click()
+{
+    PonerQTRManual(Check1->isChecked());
     if (ctx.RelojActivo) {
         Corresponsal->setFocus(Qt::OtherFocusReason);
         GuardarMemEntrada();

@@ -115,14 +115,11 @@ void Form1::RestaurarMemoria()
     if (m.banda)
         Label7->setText(*m.banda);
     if (m.check1) {
+        // Manual time comes back whole, as if the box had been ticked: the base of the time
+        // shows (and with it the shift to UTC of a local time), the box blinks, and the
+        // present moment is shown once since the clock will not fill the fields.
         Check1->setChecked(*m.check1 != 0);
-        if (*m.check1 != 0) {
-            // Manual time was on: the running clock will not fill the fields, so show the
-            // present moment once.
-            const QDateTime ahora = ctx.reloj().Ahora();
-            Fecha->setText(ahora.toString(QStringLiteral("dd/MM/yyyy")));
-            Hora->setText(ahora.toString(QStringLiteral("HH:mm")));
-        }
+        PonerQTRManual(Check1->isChecked());
     }
     if (m.satelite && !m.satelite->isEmpty())
         Elegir(Combo3, *m.satelite);

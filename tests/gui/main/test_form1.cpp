@@ -38,10 +38,13 @@ const QByteArray ConfigPrueba = "Estacion=LU1AAA\r\n"
 // test decides when each one ticks.
 struct Ventana
 {
-    explicit Ventana(bool conConfig = true)
+    // The files are written to the program folder before the start, as a former run left them.
+    explicit Ventana(bool conConfig = true, const QMap<QString, QByteArray> &archivos = {})
     {
         if (conConfig)
             p.Escribir(QStringLiteral("config.ini"), ConfigPrueba);
+        for (auto a = archivos.begin(); a != archivos.end(); ++a)
+            p.Escribir(a.key(), a.value());
         p->Terminar = [this](int codigo) { terminado = codigo; };
         f = std::make_unique<Form1>(p.ctx());
         for (QTimer *t : {f->Timer1, f->Timer2, f->Timer7})
@@ -168,6 +171,8 @@ private Q_SLOTS:
     void presencia_data();
     void presencia();
     void elSiguienteArranqueSigueDondeQuedo();
+    void arranqueConMemoria_data();
+    void arranqueConMemoria();
     void tecleoAlAzarNoRompeNiPierde();
 };
 
@@ -687,6 +692,61 @@ void TestForm1::elSiguienteArranqueSigueDondeQuedo()
     QVERIFY(f.Check1->isChecked());
     QVERIFY(f.Check3->isChecked());
     QCOMPARE(f.Frame1->title(), QStringLiteral("Pruebas"));
+}
+
+void TestForm1::arranqueConMemoria_data()
+{
+    QTest::addColumn<QString>("archivo");
+    QTest::addColumn<QByteArray>("contenido");
+    QTest::addColumn<bool>("manual");
+    QTest::addColumn<QString>("horaGuardada");
+    // The clock runs at 14:30 local, three hours west of UTC.
+    QTest::newRow("nada") << "" << QByteArray() << false << "17:30:00";
+    QTest::newRow("QTR manual: 14:30 local es 17:30 UTC")
+        << "mem.ini" << QByteArray("7.100\r\n40m\r\n1\r\n\r\n") << true << "17:30:00";
+    QTest::newRow("QTR manual apagado")
+        << "mem.ini" << QByteArray("7.100\r\n40m\r\n0\r\n\r\n") << false << "17:30:00";
+}
+
+void TestForm1::arranqueConMemoria()
+{
+    QFETCH(QString, archivo);
+    QFETCH(QByteArray, contenido);
+    QFETCH(bool, manual);
+    QFETCH(QString, horaGuardada);
+    QMap<QString, QByteArray> archivos;
+    if (!archivo.isEmpty())
+        archivos.insert(archivo, contenido);
+    Ventana v(true, archivos);
+    // As if the box had been ticked by hand: the base shows, "QTR manual" blinks.
+    QCOMPARE(v.f->Check1->isChecked(), manual);
+    QCOMPARE(v.f->Label11->isVisible(), manual);
+    QCOMPARE(v.f->Timer3->isActive(), manual);
+    QCOMPARE(v.f->Fecha->isEnabled(), manual);
+
+    // A whole QSO from the keyboard, the time typed when it is the operator's.
+    v.Escribir(QStringLiteral("lu5ff"));
+    v.Tecla(Qt::Key_Return);
+    if (manual) {
+        QCOMPARE(v.Foco(), v.f->Fecha);
+        v.Tecla(Qt::Key_Return);
+        QCOMPARE(v.Foco(), v.f->Hora);
+        v.f->Hora->selectAll();
+        v.Escribir(QStringLiteral("14:30"));
+        v.Tecla(Qt::Key_Return);
+    }
+    for (QLineEdit *siguiente : {v.f->RSR, v.f->Text1, v.f->Text2, v.f->Obs}) {
+        v.Tecla(Qt::Key_Return);
+        QCOMPARE(v.Foco(), siguiente);
+    }
+    v.Tecla(Qt::Key_Return);
+    QVERIFY2(v.d().llamadas.isEmpty(), qPrintable(v.d().Textos().join(" / ")));
+    const auto q = v.p->almacen().UltimoQSO(QStringLiteral("Pruebas"));
+    QVERIFY(q);
+    QCOMPARE(q->Estacion, QStringLiteral("LU5FF"));
+    QCOMPARE(q->Fecha, QStringLiteral("15/05/2024"));
+    QCOMPARE(q->Hora, horaGuardada);
+    QVERIFY(q->Nombre_Sat.isEmpty());
 }
 
 void TestForm1::tecleoAlAzarNoRompeNiPierde()
