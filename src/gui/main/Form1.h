@@ -57,6 +57,9 @@ public:
     QLabel *Subida = nullptr, *Bajada = nullptr, *Modo = nullptr, *Subtono = nullptr;
     QPushButton *Command7 = nullptr, *Command13 = nullptr, *Command14 = nullptr;
     QPushButton *Command15 = nullptr;
+    // Satellite mode, the state of its own that the entry reads: off until the satellite
+    // catalogue comes, whatever "Vía Satélite" was remembered with.
+    bool ModoSatelite = false;
 
     // ---- Log view (Frame3) --------------------------------------------------------
     QGroupBox *Frame3 = nullptr;

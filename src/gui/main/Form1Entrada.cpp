@@ -6,7 +6,6 @@
 #include "core/rules/Numeros.h"
 #include "core/rules/Validacion.h"
 #include "gui/common/TeclaEnCampo.h"
-#include "gui/common/Twips.h"
 #include "gui/config/Form2.h"
 #include "gui/main/Form1.h"
 
@@ -262,8 +261,7 @@ void Form1::IngresarQSO()
     q.SuGrid = Text2->text();
     Text2->clear();
     q.MiGrid = Label8->text();
-    // The satellite panel widens the entry frame; that width is the mark of the mode.
-    if (Frame1->width() == Px(8900)) {
+    if (ModoSatelite) {
         q.Nombre_Sat = Combo3->currentText();
         q.Modo = Modo->text().remove(QStringLiteral("Modo: "));
     }

@@ -125,8 +125,9 @@ void Form1::RestaurarMemoria()
         Elegir(Combo3, *m.satelite);
     if (m.modo)
         Elegir(Combo1, *m.modo);
-    if (m.check2)
-        Check2->setChecked(*m.check2 != 0);
+    // A remembered "Vía Satélite" is not restored while there is no satellite mode to put
+    // on: the box would stand ticked and disabled, asking at every Enter for a satellite
+    // that cannot be chosen.
 }
 
 MemoriaEntrada Form1::MemoriaActual() const

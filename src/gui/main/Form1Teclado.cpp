@@ -179,7 +179,7 @@ void Form1::TeclaEnter()
             RSE->setFocus(Qt::OtherFocusReason);
         return;
     }
-    if (Check2->isChecked() && Combo3->currentText().isEmpty()) {
+    if (ModoSatelite && Combo3->currentText().isEmpty()) {
         d.Exclamacion(QStringLiteral("Elija un satélite!"));
         Combo3->setFocus(Qt::OtherFocusReason);
         return;

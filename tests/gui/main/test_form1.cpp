@@ -706,6 +706,8 @@ void TestForm1::arranqueConMemoria_data()
         << "mem.ini" << QByteArray("7.100\r\n40m\r\n1\r\n\r\n") << true << "17:30:00";
     QTest::newRow("QTR manual apagado")
         << "mem.ini" << QByteArray("7.100\r\n40m\r\n0\r\n\r\n") << false << "17:30:00";
+    // Satellite mode is not there to choose a satellite: the tick must not hold the entry.
+    QTest::newRow("Vía Satélite") << "memqSat.cfg" << QByteArray("1\r\n") << false << "17:30:00";
 }
 
 void TestForm1::arranqueConMemoria()
@@ -747,6 +749,7 @@ void TestForm1::arranqueConMemoria()
     QCOMPARE(q->Fecha, QStringLiteral("15/05/2024"));
     QCOMPARE(q->Hora, horaGuardada);
     QVERIFY(q->Nombre_Sat.isEmpty());
+    QVERIFY(!v.f->ModoSatelite);
 }
 
 void TestForm1::tecleoAlAzarNoRompeNiPierde()
