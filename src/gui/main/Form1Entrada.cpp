@@ -16,6 +16,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QTimer>
 #include <QTreeWidget>
 
@@ -57,8 +58,13 @@ void Form1::ConectarEntrada()
     connect(Check3, &QCheckBox::clicked, this,
             [this] { Corresponsal->setFocus(Qt::OtherFocusReason); });
     connect(mhz, &QComboBox::activated, this, [this] {
-        if (!Text1->text().isEmpty())
-            ActualizarBanda(true);
+        // Without kilohertz there is no frequency to judge: the click does nothing at all.
+        if (Text1->text().isEmpty())
+            return;
+        ActualizarBanda(true);
+        // The kilohertz were judged just now: leaving them for the callsign is not a second
+        // check, nor a second "Fuera de banda!".
+        const QScopedValueRollback yaVisto(validando_, true);
         Corresponsal->setFocus(Qt::OtherFocusReason);
     });
     connect(Check1, &QCheckBox::clicked, this, [this] { Check1_Click(); });

@@ -158,6 +158,8 @@ private Q_SLOTS:
     void caminoDelEnter();
     void cajaDelEnterUnaVez_data();
     void cajaDelEnterUnaVez();
+    void clicEnMhz_data();
+    void clicEnMhz();
     void filtrosDeTeclas_data();
     void filtrosDeTeclas();
     void paginas_data();
@@ -422,6 +424,49 @@ void TestForm1::cajaDelEnterUnaVez()
     }
     QVERIFY(!QApplication::activeModalWidget());
     QCOMPARE(v.p->almacen().CantidadQSOs(QStringLiteral("Pruebas")), 0);
+}
+
+void TestForm1::clicEnMhz_data()
+{
+    QTest::addColumn<QString>("mhz");
+    QTest::addColumn<QString>("khz");
+    QTest::addColumn<QString>("banda");
+    QTest::addColumn<int>("avisos");
+    QTest::addColumn<QString>("foco");
+    // With no kHz the click does nothing at all: no band, no warning, the focus stays.
+    QTest::newRow("kHz vacío") << "7"
+                               << ""
+                               << "80m" << 0 << "mhz";
+    QTest::newRow("kHz vacío, 80 m") << "3"
+                                     << ""
+                                     << "80m" << 0 << "mhz";
+    QTest::newRow("en banda") << "7"
+                              << "100"
+                              << "40m" << 0 << "Corresponsal";
+    QTest::newRow("fuera de banda") << "3"
+                                    << "100"
+                                    << "80m" << 1 << "Corresponsal";
+}
+
+void TestForm1::clicEnMhz()
+{
+    QFETCH(QString, mhz);
+    QFETCH(QString, khz);
+    QFETCH(QString, banda);
+    QFETCH(int, avisos);
+    QFETCH(QString, foco);
+    Ventana v;
+    v.f->Text1->setText(khz);
+    v.f->mhz->setFocus();
+    QApplication::processEvents();
+    const int elegido = v.f->mhz->findText(mhz);
+    v.f->mhz->setCurrentIndex(elegido);
+    Q_EMIT v.f->mhz->activated(elegido);
+    QApplication::processEvents();
+    QCOMPARE(v.f->Label7->text(), banda);
+    QCOMPARE(v.d().Cantidad(Tipo::Exclamacion), avisos);
+    QCOMPARE(v.Foco()->objectName(), foco);
+    QCOMPARE(v.f->Text1->text(), khz);
 }
 
 void TestForm1::filtrosDeTeclas_data()
