@@ -77,6 +77,14 @@ Form1::Form1(Contexto &contexto, QWidget *parent)
     CrearEstacion();
     CrearTimers();
 
+    // Tab walks the entry fields in the order Enter does, then the other controls of the
+    // entry, the satellite panel when it shows, and the page jump.
+    QWidget *const orden[] = {Corresponsal, Fecha,  Hora,   RSE,      RSR,       Text1,
+                              Text2,        Obs,    Combo1, mhz,      Combo2,    Check1,
+                              Check3,       Check2, Combo3, Command1, Command15, Text3};
+    for (std::size_t i = 1; i < std::size(orden); ++i)
+        setTabOrder(orden[i - 1], orden[i]);
+
     form2_ = new Form2(ctx, *this, this);
     form18_ = new Form18(this);
 
@@ -226,8 +234,10 @@ void Form1::CrearEntrada()
         c->setAutoFillBackground(true);
 
     // The satellite panel lies beyond the normal width of Frame1 and shows when the
-    // frame widens to 8900 in satellite mode.
+    // frame widens to 8900 in satellite mode. Out of that mode it is hidden, so that
+    // neither Tab nor a screen reader reaches controls nobody can see.
     Frame2 = Poner<QGroupBox>(Frame1, "Frame2", 6600, 160, 2200, 2400);
+    Frame2->setVisible(false);
     Frame2->setTitle(QStringLiteral("Satélite"));
     Combo3 = Poner<QComboBox>(Frame2, "Combo3", 120, 280, 1950, 330);
     Combo3->setAccessibleName(QStringLiteral("Satélite"));

@@ -158,6 +158,8 @@ private Q_SLOTS:
     void caminoDelEnter();
     void cajaDelEnterUnaVez_data();
     void cajaDelEnterUnaVez();
+    void ordenDelTab_data();
+    void ordenDelTab();
     void clicEnMhz_data();
     void clicEnMhz();
     void filtrosDeTeclas_data();
@@ -424,6 +426,50 @@ void TestForm1::cajaDelEnterUnaVez()
     }
     QVERIFY(!QApplication::activeModalWidget());
     QCOMPARE(v.p->almacen().CantidadQSOs(QStringLiteral("Pruebas")), 0);
+}
+
+void TestForm1::ordenDelTab_data()
+{
+    QTest::addColumn<bool>("manual");
+    QTest::addColumn<QStringList>("orden");
+    const QStringList resto{"Obs",    "Combo1", "mhz",   "Combo2",
+                            "Check1", "Check3", "Text3", "Corresponsal"};
+    // The date and time are the clock's and disabled: Tab passes them by.
+    QTest::newRow("reloj") << false
+                           << QStringList{"Corresponsal", "RSE", "RSR", "Text1", "Text2"} + resto;
+    QTest::newRow("QTR manual") << true
+                                << QStringList{"Corresponsal", "Fecha", "Hora", "RSE",
+                                               "RSR",          "Text1", "Text2"} +
+                                       resto;
+}
+
+void TestForm1::ordenDelTab()
+{
+    QFETCH(bool, manual);
+    QFETCH(QStringList, orden);
+    Ventana v;
+    if (manual)
+        v.f->Check1->click();
+    v.f->Corresponsal->setFocus();
+    QApplication::processEvents();
+    QStringList visto{v.Foco()->objectName()};
+    while (visto.size() < orden.size()) {
+        QTest::keyClick(v.f->windowHandle(), Qt::Key_Tab);
+        QWidget *foco = v.Foco();
+        QVERIFY(foco);
+        visto << foco->objectName();
+        // Nothing the operator cannot see takes the focus: not a hidden control, nor one
+        // that lies beyond the edge of a frame holding it.
+        QVERIFY2(foco->isVisible(), qPrintable(foco->objectName()));
+        for (QWidget *marco = foco->parentWidget(); marco != v.f.get();
+             marco = marco->parentWidget()) {
+            const QRect donde(foco->mapTo(marco, QPoint(0, 0)), foco->size());
+            QVERIFY2(marco->rect().contains(donde),
+                     qPrintable(foco->objectName() + " fuera de " + marco->objectName()));
+        }
+    }
+    QCOMPARE(visto, orden);
+    QVERIFY(v.d().llamadas.isEmpty());
 }
 
 void TestForm1::clicEnMhz_data()
