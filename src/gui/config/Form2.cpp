@@ -188,7 +188,8 @@ void Form2::CrearLbN()
     Label3->setText(QStringLiteral(" ..."));
     Label3->setTextFormat(Qt::PlainText);
     Label3->setWordWrap(true);
-    Label3->setAccessibleName(QStringLiteral("Resultado de la prueba"));
+    // The reply is a value: no name of its own, so a screen reader reads the reply itself.
+    Label3->setAccessibleDescription(QStringLiteral("Resultado de la prueba"));
     ProgressBar1 = Crear<QProgressBar>(Frame1, "ProgressBar1");
     ProgressBar1->setRange(0, kTicksPrueba);
     ProgressBar1->setValue(0);
@@ -250,7 +251,7 @@ void Form2::CrearLlamador()
     Command5 = Boton(Frame5, "Command5", QStringLiteral("Elegir Archivo de audio"));
     Label6 = Crear<QLabel>(Frame5, "Label6");
     Label6->setTextFormat(Qt::PlainText);
-    Label6->setAccessibleName(QStringLiteral("Archivo de audio"));
+    Label6->setAccessibleDescription(QStringLiteral("Archivo de audio"));
     Command6 = Boton(Frame5, "Command6", QStringLiteral("Reproducir"));
     Command7 = Boton(Frame5, "Command7", QStringLiteral("Detener"));
     Command7->setEnabled(false);

@@ -213,7 +213,8 @@ void Form1::CrearEntrada()
     Combo2 = Poner<QComboBox>(Frame1, "Combo2", 4520, 1140, 1000, 330);
     Rotulo(Frame1, QStringLiteral("Banda"), 4520, 900, 1000, Combo2);
     Label7 = Poner<QLabel>(Frame1, "Label7", 5600, 1140, 800, 330);
-    Label7->setAccessibleName(QStringLiteral("Banda en uso"));
+    // Values carry no name of their own, so a screen reader reads what they show.
+    Label7->setAccessibleDescription(QStringLiteral("Banda en uso"));
     QFont negrita = Label7->font();
     negrita.setBold(true);
     Label7->setFont(negrita);
@@ -312,12 +313,10 @@ void Form1::CrearNavegador()
     }
     Rotulo(Frame4, QStringLiteral("Página"), 4400, 360, 600);
     txt_pagina = Poner<QLabel>(Frame4, "txt_pagina", 5000, 330, 700, 300);
-    txt_pagina->setAccessibleName(QStringLiteral("Página"));
     txt_pagina->setFrameShape(QFrame::StyledPanel);
     txt_pagina->setAlignment(Qt::AlignCenter);
     Rotulo(Frame4, QStringLiteral("de"), 5760, 360, 240);
     txt_total = Poner<QLabel>(Frame4, "txt_total", 6000, 330, 700, 300);
-    txt_total->setAccessibleName(QStringLiteral("Total de páginas"));
     txt_total->setFrameShape(QFrame::StyledPanel);
     txt_total->setAlignment(Qt::AlignCenter);
     Text3 = Campo(Frame4, "Text3", 6900, 315, 700, 4);
@@ -344,22 +343,19 @@ void Form1::CrearEstacion()
 {
     QWidget *centro = centralWidget();
     Frame5 = Poner<QGroupBox>(centro, "Frame5", 9120, 60, 3975, 2650);
-    auto *rEstacion = Rotulo(Frame5, QStringLiteral("Estación"), 120, 260, 1000);
+    // The captions stand beside the values and are read before them; the values carry no
+    // name of their own, so that a screen reader says the callsign and not the caption.
+    Rotulo(Frame5, QStringLiteral("Estación"), 120, 260, 1000);
     Label2 = Poner<QLabel>(Frame5, "Label2", 1100, 200, 2750, 360);
-    rEstacion->setBuddy(Label2);
-    Label2->setAccessibleName(QStringLiteral("Estación"));
-    auto *rOperador = Rotulo(Frame5, QStringLiteral("Operador"), 120, 700, 1000);
+    Rotulo(Frame5, QStringLiteral("Operador"), 120, 700, 1000);
     Label3 = Poner<QLabel>(Frame5, "Label3", 1100, 640, 2750, 360);
-    rOperador->setBuddy(Label3);
-    Label3->setAccessibleName(QStringLiteral("Operador"));
     QFont grande = Label2->font();
     grande.setBold(true);
     grande.setPointSizeF(grande.pointSizeF() * 1.4);
     Label2->setFont(grande);
     Label3->setFont(grande);
     Label8 = Poner<QLabel>(Frame5, "Label8", 1100, 1080, 2750, 300);
-    Label8->setAccessibleName(QStringLiteral("Grid Locator"));
-    Rotulo(Frame5, QStringLiteral("Grilla"), 120, 1110, 1000)->setBuddy(Label8);
+    Rotulo(Frame5, QStringLiteral("Grilla"), 120, 1110, 1000);
 
     Image1 = Poner<QLabel>(Frame5, "Image1", 120, 1500, 3735, 1000);
     Image1->setText(QStringLiteral("Carancho Radiolog"));

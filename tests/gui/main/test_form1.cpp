@@ -8,6 +8,7 @@
 #include "support/ContextoPrueba.h"
 #include "support/Modales.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -158,6 +159,8 @@ private Q_SLOTS:
     void caminoDelEnter();
     void cajaDelEnterUnaVez_data();
     void cajaDelEnterUnaVez();
+    void nombresParaElLector_data();
+    void nombresParaElLector();
     void ordenDelTab_data();
     void ordenDelTab();
     void clicEnMhz_data();
@@ -426,6 +429,72 @@ void TestForm1::cajaDelEnterUnaVez()
     }
     QVERIFY(!QApplication::activeModalWidget());
     QCOMPARE(v.p->almacen().CantidadQSOs(QStringLiteral("Pruebas")), 0);
+}
+
+void TestForm1::nombresParaElLector_data()
+{
+    QTest::addColumn<QString>("ventana");
+    QTest::addColumn<QString>("control");
+    QTest::addColumn<QString>("nombre"); // empty: a value, read as what it shows
+    const auto valor = [](const char *ventana, const char *control) {
+        QTest::addRow("%s.%s", ventana, control) << ventana << control << QString();
+    };
+    const auto campo = [](const char *ventana, const char *control, const QString &rotulo) {
+        QTest::addRow("%s.%s", ventana, control) << ventana << control << rotulo;
+    };
+    for (const char *v : {"Label2", "Label3", "Label8", "Label7", "Label11", "Label6", "Label4",
+                          "txt_pagina", "txt_total", "Subida", "Bajada", "Modo", "Subtono"})
+        valor("Form1", v);
+    valor("Form2", "Label3");
+    valor("Form2", "Label6");
+    campo("Form1", "Corresponsal", "Corresponsal");
+    campo("Form1", "Fecha", "Fecha");
+    campo("Form1", "Hora", "Hora");
+    campo("Form1", "RSE", "RS(e)");
+    campo("Form1", "Combo1", "Modo");
+    campo("Form1", "mhz", "MHz");
+    campo("Form1", "Text1", "KHz");
+    campo("Form1", "Text2", "GridLoc");
+    campo("Form1", "Obs", "Observaciones");
+    campo("Form1", "Check1", "QTR manual");
+    campo("Form2", "Text1", "Señal Distintiva de la  Estación");
+    campo("Form2", "Text3", "Diferencia UTC");
+    campo("Form2", "Text4", "Grid Locator");
+    campo("Form2", "user_lbn", "Usuario (email):");
+}
+
+void TestForm1::nombresParaElLector()
+{
+    QFETCH(QString, ventana);
+    QFETCH(QString, control);
+    QFETCH(QString, nombre);
+    Ventana v;
+    QWidget *raiz =
+        ventana == QLatin1String("Form1") ? static_cast<QWidget *>(v.f.get()) : v.f->form2();
+    auto *w = raiz->findChild<QWidget *>(control);
+    QVERIFY(w);
+    QAccessibleInterface *lector = QAccessible::queryAccessibleInterface(w);
+    QVERIFY(lector);
+    if (!nombre.isEmpty()) {
+        // A field is read by its caption, the label whose buddy it is. A list says its
+        // choice as its name and the caption as its label.
+        QStringList rotulos;
+        for (const auto &[otro, relacion] : lector->relations(QAccessible::Label))
+            rotulos << otro->text(QAccessible::Name);
+        if (qobject_cast<QComboBox *>(w))
+            QCOMPARE(rotulos.value(0), nombre); // then the frame around it
+        else
+            QCOMPARE(lector->text(QAccessible::Name), nombre);
+        return;
+    }
+    // A value: whatever it shows now is what the operator hears.
+    auto *etiqueta = qobject_cast<QLabel *>(w);
+    QVERIFY(etiqueta);
+    etiqueta->setText(QStringLiteral("LU7ABC 40m 12"));
+    QVERIFY2(w->accessibleName().isEmpty(), qPrintable(w->accessibleName()));
+    QCOMPARE(lector->text(QAccessible::Name), QStringLiteral("LU7ABC 40m 12"));
+    for (const QLabel *rotulo : raiz->findChildren<QLabel *>())
+        QVERIFY2(rotulo->buddy() != w, qPrintable(rotulo->text()));
 }
 
 void TestForm1::ordenDelTab_data()
