@@ -102,9 +102,12 @@ void Form5::Crear()
     campo(mhz, QStringLiteral("MHz"), 3, 0);
     Text9 = texto("Text9");
     campo(Text9, QStringLiteral("KHz"), 3, 2);
+    // The band is a value, shown only: no name of its own and no caption pointing at it,
+    // so that a screen reader reads the band itself.
     Label11 = Nombrado(new QLabel(this), "Label11");
-    Label11->setAccessibleName(QStringLiteral("Banda"));
-    campo(Label11, QStringLiteral("Banda"), 3, 4);
+    auto *rotuloBanda = Nombrado(new QLabel(QStringLiteral("Banda"), this), "RotuloLabel11");
+    rejilla->addWidget(rotuloBanda, 3, 4);
+    rejilla->addWidget(Label11, 3, 5);
     Text10 = texto("Text10");
     campo(Text10, QStringLiteral("Mi Grilla"), 4, 0);
     Text11 = texto("Text11");
@@ -125,7 +128,6 @@ void Form5::Crear()
     for (auto [rotulo, valor] : {std::pair{QStringLiteral("Subido:"), subidoALbn},
                                  std::pair{QStringLiteral("Confirmado:"), ConfALbn}}) {
         auto *l = new QLabel(rotulo, MarcoLbN);
-        valor->setAccessibleName(rotulo);
         marco->addWidget(l);
         marco->addWidget(valor);
         marco->addSpacing(12);

@@ -5,6 +5,7 @@
 #include "support/ContextoPrueba.h"
 #include "support/Modales.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -138,6 +139,7 @@ private Q_SLOTS:
     void mensajes_data();
     void mensajes();
     void eliminar();
+    void valoresParaElLector();
     void f5TrasArrancarYTrasIngresar();
     void qsl_data();
     void qsl();
@@ -263,6 +265,23 @@ void TestForm5::mensajes()
     if (!queda.isEmpty())
         QCOMPARE(ultimo->text() + ' ' + v.edicion->Label11->text(), queda);
     QCOMPARE(v.Guardada(id), antes);
+}
+
+void TestForm5::valoresParaElLector()
+{
+    Ventana v(1);
+    v.Abrir(v.IdDeFila(0));
+    // The band and the service's state are values: read as they show, and no caption
+    // points at them.
+    for (QLabel *valor : {v.edicion->Label11, v.edicion->subidoALbn, v.edicion->ConfALbn}) {
+        QVERIFY2(valor->accessibleName().isEmpty(), qPrintable(valor->objectName()));
+        QCOMPARE(QAccessible::queryAccessibleInterface(valor)->text(QAccessible::Name),
+                 valor->text());
+        for (const QLabel *rotulo : v.edicion->findChildren<QLabel *>())
+            QVERIFY2(rotulo->buddy() != valor, qPrintable(rotulo->text()));
+    }
+    QCOMPARE(QAccessible::queryAccessibleInterface(v.edicion->Text10)->text(QAccessible::Name),
+             QStringLiteral("Mi Grilla"));
 }
 
 void TestForm5::eliminar()
