@@ -36,17 +36,6 @@ template<typename T> T *Nombrado(T *w, const char *nombre)
     return w;
 }
 
-// Grids are letters and digits; lower-case letters are raised before the shape is
-// checked, so that a typed "ff78" is kept rather than cut letter by letter.
-QString GrillaEnMayusculas(const QString &texto)
-{
-    QString t = texto;
-    for (QChar &c : t)
-        if (c >= u'a' && c <= u'z')
-            c = QChar(c.unicode() - u'a' + u'A');
-    return t;
-}
-
 } // namespace
 
 Form5::Form5(Contexto &contexto, Form1 &ventanaPrincipal, QWidget *parent)
@@ -162,9 +151,11 @@ void Form5::Conectar()
 {
     for (QLineEdit *c : {Text1, Text2, Text3, Text4, Text5, Text9, Text10, Text11})
         c->installEventFilter(this);
+    // The grids keep their shape as they are typed, as in the configuration window: a last
+    // character that is not of its place's kind (a letter A to Z, or a digit) is cut.
     for (QLineEdit *grilla : {Text10, Text11}) {
         connect(grilla, &QLineEdit::textChanged, this, [grilla](const QString &t) {
-            const QString forma = FormaGrilla(GrillaEnMayusculas(t));
+            const QString forma = FormaGrilla(t);
             if (forma != t) {
                 grilla->setText(forma);
                 grilla->setCursorPosition(int(forma.size()));

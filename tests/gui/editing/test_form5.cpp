@@ -139,6 +139,8 @@ private Q_SLOTS:
     void mensajes_data();
     void mensajes();
     void eliminar();
+    void grillaAlTeclear_data();
+    void grillaAlTeclear();
     void valoresParaElLector();
     void f5TrasArrancarYTrasIngresar();
     void qsl_data();
@@ -209,7 +211,7 @@ void TestForm5::mensajes_data()
          excl, "Text5");
     fila("al salir: grilla vacía", {"Text10="}, false, "", excl, "Text11");
     // The main window takes four characters; this one does not.
-    fila("al salir: grilla de cuatro", {"Text10=ff78"}, false, "Grilla incorrecta!", excl, "Text10",
+    fila("al salir: grilla de cuatro", {"Text10=FF78"}, false, "Grilla incorrecta!", excl, "Text10",
          "FF78 80m");
     fila("al salir: khz fuera de banda", {"mhz=3", "Text9=4"}, false,
          "3.004 KHz\r\n\r\nFuera de banda!", excl, "Text9", "004 80m");
@@ -265,6 +267,38 @@ void TestForm5::mensajes()
     if (!queda.isEmpty())
         QCOMPARE(ultimo->text() + ' ' + v.edicion->Label11->text(), queda);
     QCOMPARE(v.Guardada(id), antes);
+}
+
+void TestForm5::grillaAlTeclear_data()
+{
+    QTest::addColumn<QString>("tecleado");
+    QTest::addColumn<QString>("queda");
+    // As the configuration window's grid: a last character of the wrong kind for its place
+    // is cut, and a small letter is not a letter A to Z.
+    QTest::newRow("mayúsculas") << "FF78AB"
+                                << "FF78AB";
+    QTest::newRow("minúsculas cortadas") << "ff78ab"
+                                         << "";
+    QTest::newRow("sub-cuadro en minúsculas") << "FF78ab"
+                                              << "FF78";
+    QTest::newRow("dígito en primer lugar") << "7FF78"
+                                            << "FF78";
+    QTest::newRow("letra en tercer lugar") << "FFA78"
+                                           << "FF78";
+}
+
+void TestForm5::grillaAlTeclear()
+{
+    QFETCH(QString, tecleado);
+    QFETCH(QString, queda);
+    Ventana v(1);
+    v.Abrir(v.IdDeFila(0));
+    for (QLineEdit *grilla : {v.edicion->Text10, v.edicion->Text11}) {
+        grilla->clear();
+        grilla->setFocus();
+        QTest::keyClicks(grilla, tecleado);
+        QCOMPARE(grilla->text(), queda);
+    }
 }
 
 void TestForm5::valoresParaElLector()
