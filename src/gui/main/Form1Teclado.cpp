@@ -1,6 +1,6 @@
 // Form1: the keys. The window sees every key before the field with the focus, and the
-// field then gets the same key (all but Enter): the shortcuts, the Enter walk, F1/Esc for the CQ
-// caller and F5 for the last QSO.
+// field then gets the same key, Enter excepted: the shortcuts, the Enter walk, F1/Esc for
+// the CQ caller and F5 for the last QSO.
 #include "core/context/Contexto.h"
 #include "core/rules/Validacion.h"
 #include "gui/config/Form2.h"
