@@ -1,7 +1,6 @@
 // The main window driven as an operator drives it: keys into the fields, Enter, the
 // navigator, the closing roads. Fake services answer every message and question.
 #include "core/rules/Validacion.h"
-#include "gui/config/Form2.h"
 #include "gui/main/Form1.h"
 #include "gui/main/Form18.h"
 #include "support/ContextoPrueba.h"
@@ -506,7 +505,7 @@ void TestForm1::presencia()
 {
     QFETCH(QString, estacion);
     Ventana v;
-    v.f->form2()->Text1->setText(estacion);
+    v.p->config().Estacion = estacion;
     const QString titulo = v.f->windowTitle();
     v.f->Timer7_Timer();
     QVERIFY(!v.f->Timer7->isActive());
