@@ -109,7 +109,9 @@ void TestConfig::claveConfig()
 
 void TestConfig::claveConfigIdaYVuelta()
 {
-    QRandomGenerator azar(20240515);
+    const quint32 semilla = 20240515;
+    qInfo("semilla %u", semilla);
+    QRandomGenerator azar(semilla);
     for (int vuelta = 0; vuelta < 2000; ++vuelta) {
         QByteArray codigos(azar.bounded(1, 40), Qt::Uninitialized);
         for (char &c : codigos)
