@@ -182,6 +182,8 @@ private:
     // View helpers.
     void ActualizarBotones(qint64 n);
     void CambiarPagina();
+    // "Log: name, con N QSOs", as the store counted them at the last load.
+    QString RotuloDelLog() const;
     void AgregarFila(const FilaQSO &fila);
     void OrdenarPorColumna(int columna);
     void DobleClicFila(QTreeWidgetItem *item);

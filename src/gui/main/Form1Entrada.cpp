@@ -239,8 +239,8 @@ void Form1::IngresarQSO()
     q.Modo = Combo1->currentText();
     q.RSE = RSE->text();
     q.RSR = RSR->text();
-    q.MyCall = Label2->text();
-    q.Operador = Label3->text();
+    q.MyCall = ctx.config().Estacion.toUpper();
+    q.Operador = ctx.config().Operador.toUpper();
     q.Obs = Obs->text();
     Corresponsal->clear();
     if (!Check3->isChecked())
@@ -248,7 +248,7 @@ void Form1::IngresarQSO()
     q.Frecuencia = mhz->currentText() + QLatin1Char('.') + Text1->text();
     q.SuGrid = Text2->text();
     Text2->clear();
-    q.MiGrid = Label8->text();
+    q.MiGrid = ctx.config().GridLoca;
     // The satellite panel widens the entry frame; that width is the mark of the mode.
     if (Frame1->width() == Px(8900)) {
         q.Nombre_Sat = Combo3->currentText();

@@ -68,7 +68,7 @@ void Form1::nuevo_Click()
 void Form1::borralog_Click()
 {
     Dialogos &d = ctx.dialogos();
-    if (!d.PreguntaSiNo(PreguntaBorrarLog(Label6->text())))
+    if (!d.PreguntaSiNo(PreguntaBorrarLog(RotuloDelLog())))
         return;
     if (!ctx.almacen().BorrarLog(ctx.LogenUso)) {
         d.Alto(QStringLiteral("No se pudo borrar el log ") + ctx.LogenUso +

@@ -186,12 +186,12 @@ void Form1::TeclaEnter()
         Combo3->setFocus(Qt::OtherFocusReason);
         return;
     }
-    if (Corresponsal->text() == Label2->text()) {
+    if (Corresponsal->text() == ctx.config().Estacion.toUpper()) {
         d.Alto(QStringLiteral("QSO con la propia estación???"));
         Corresponsal->setFocus(Qt::OtherFocusReason);
         return;
     }
-    if (Corresponsal->text() == Label3->text()) {
+    if (Corresponsal->text() == ctx.config().Operador.toUpper()) {
         d.Alto(QStringLiteral("QSO con el Operador???"));
         Corresponsal->setFocus(Qt::OtherFocusReason);
         return;

@@ -39,11 +39,16 @@ void Form1::CargarLog(qint64 filaInicial)
     ProgressBar1->setValue(int(filas.size()));
 
     ListView2->setUpdatesEnabled(true);
-    Label6->setText(QStringLiteral("Log: ") + ctx.LogenUso + QStringLiteral(", con ") +
-                    QString::number(n) + QStringLiteral(" QSOs"));
+    Label6->setText(RotuloDelLog());
     ProgressBar1->setVisible(false);
     Label9->setVisible(false);
     ctx.bomba().Bombear();
+}
+
+QString Form1::RotuloDelLog() const
+{
+    return QStringLiteral("Log: ") + ctx.LogenUso + QStringLiteral(", con ") +
+           QString::number(nav_.Cantidad) + QStringLiteral(" QSOs");
 }
 
 void Form1::AgregarFila(const FilaQSO &f)
