@@ -3,7 +3,6 @@
 #include "core/config/ClaveConfig.h"
 #include "core/platform/ArchivoTexto.h"
 #include "core/rules/Numeros.h"
-#include "core/store/Almacen.h"
 
 #include <cmath>
 
@@ -190,14 +189,10 @@ QStringList LineasConfiguracion(const Configuracion &cfg, const QString &logenUs
     };
 }
 
-bool GuardarConfiguracion(const QString &archivo, const Configuracion &cfg, QString &logenUso,
-                          Almacen &almacen)
+bool GuardarConfiguracion(const QString &archivo, const Configuracion &cfg, QString &logenUso)
 {
-    if (logenUso.isEmpty()) {
-        // A log exists by its placeholder row, so the first one is founded here.
-        logenUso = QStringLiteral("Log inicial");
-        almacen.AgregarLogVacio(logenUso);
-    }
+    if (logenUso.isEmpty())
+        logenUso = LogInicial();
     return EscribirLineas(archivo, LineasConfiguracion(cfg, logenUso));
 }
 

@@ -1,13 +1,12 @@
 #pragma once
 // config.ini: the station, the log in use, the logins of the online services and the
 // settings of the CQ caller, one "key=value" per line. Every key is nine characters with
-// its '=', so a value always starts at column 10. The configuration window holds these
-// values at run time; this is the file side of it.
+// its '=', so a value always starts at column 10. At run time the settings live in the
+// context (Contexto::config()), which every window reads; the configuration window edits a
+// copy and commits it. This is the file side of them.
 
 #include <QString>
 #include <QStringList>
-
-class Almacen;
 
 // The settings of config.ini but the log in use, which is the program's global LogenUso
 // and travels apart. Named after the key they are saved under.
@@ -28,10 +27,12 @@ struct Configuracion
     QString eQSLuser; // (Form2.Text9)
     QString eQSLpass; // scrambled in the file (Form2.Text10)
     QString ArcAudio; // the CQ voice file (Form2.Label6)
-    QString Puerto;   // PTT port: "NINGUNO", "COM1".."COM20" or a device
-    int PinPTT = 0;   // 1 keys on RTS, anything else on DTR
-    QString TAntes;   // ms before the audio
-    QString TDespues; // ms after the audio
+    // PTT port: "NINGUNO", "COM1".."COM20" or a device; the first entry of the list
+    // until a file says otherwise.
+    QString Puerto = QStringLiteral("NINGUNO");
+    int PinPTT = 0;                         // 1 keys on RTS, anything else on DTR
+    QString TAntes = QStringLiteral("0");   // ms before the audio
+    QString TDespues = QStringLiteral("0"); // ms after the audio
 
     bool operator==(const Configuracion &) const = default;
 };
@@ -50,11 +51,17 @@ void LeerConfiguracion(const QString &archivo, Configuracion &cfg, QString &loge
 // The twenty lines as written, in order.
 QStringList LineasConfiguracion(const Configuracion &cfg, const QString &logenUso);
 
-// Writes the file whole. With no log in use, "Log inicial" becomes the log in use and is
-// founded in the store by its placeholder row first. False when the file could not be
-// written: the caller tells the operator, and the file on disk is left as it was.
-bool GuardarConfiguracion(const QString &archivo, const Configuracion &cfg, QString &logenUso,
-                          Almacen &almacen);
+// The log in use when none has been chosen yet.
+inline QString LogInicial()
+{
+    return QStringLiteral("Log inicial");
+}
+
+// Writes the file whole. With no log in use, "Log inicial" becomes the log in use; no row
+// is written for it here: the log comes into being when a window first needs it. False
+// when the file could not be written: the caller tells the operator, and the file on disk
+// is left as it was.
+bool GuardarConfiguracion(const QString &archivo, const Configuracion &cfg, QString &logenUso);
 
 // The message for a config.ini that could not be written.
 QString MensajeConfiguracionNoGuardada(const QString &archivo);

@@ -41,6 +41,19 @@ QString Contexto::PrepararCarpeta() const
     return {};
 }
 
+void Contexto::LeerConfiguracion()
+{
+    ::LeerConfiguracion(Archivo(QStringLiteral("config.ini")), config_, LogenUso);
+}
+
+Resultado<> Contexto::GuardarConfiguracion()
+{
+    const QString archivo = Archivo(QStringLiteral("config.ini"));
+    if (!::GuardarConfiguracion(archivo, config_, LogenUso))
+        return Fallo{MensajeConfiguracionNoGuardada(archivo)};
+    return {};
+}
+
 QString Contexto::AbrirAlmacen()
 {
     return almacen_.Abrir(Archivo(QStringLiteral("base0.db")));

@@ -1,8 +1,10 @@
 #pragma once
-// Everything a window needs besides its own controls: the program folder, the store,
-// the desktop services and the program's globals. main.cpp builds one; a test builds a
-// fresh one over a temporary folder with fake services.
+// Everything a window needs besides its own controls: the program folder, the settings,
+// the store, the desktop services and the program's globals. main.cpp builds one; a test
+// builds a fresh one over a temporary folder with fake services.
 
+#include "core/config/Configuracion.h"
+#include "core/context/Version.h"
 #include "core/platform/BombaEventos.h"
 #include "core/platform/ClienteWeb.h"
 #include "core/platform/Dialogos.h"
@@ -11,6 +13,7 @@
 #include "core/platform/LineaSerie.h"
 #include "core/platform/Reloj.h"
 #include "core/platform/Reproductor.h"
+#include "core/platform/Resultado.h"
 #include "core/store/Almacen.h"
 
 #include <QString>
@@ -48,6 +51,17 @@ public:
     // Opens base0.db, creating it when missing; a Spanish message on failure.
     QString AbrirAlmacen();
 
+    // The settings of config.ini: the one copy every window reads. The configuration
+    // window edits one of its own and commits it here.
+    Configuracion &config() { return config_; }
+    const Configuracion &config() const { return config_; }
+    // config.ini read over the settings and LogenUso: what the file does not bring stays.
+    // A missing file changes nothing.
+    void LeerConfiguracion();
+    // The settings and LogenUso written to config.ini ("Log inicial" when no log is in
+    // use). No row of the store is written.
+    Resultado<> GuardarConfiguracion();
+
     Almacen &almacen() { return almacen_; }
     Dialogos &dialogos() { return *servicios_.dialogos; }
     Escritorio &escritorio() { return *servicios_.escritorio; }
@@ -60,7 +74,7 @@ public:
     const DireccionesWeb &direcciones() const { return direcciones_; }
 
     // ---- The program's globals ----------------------------------------------------
-    QString VersionPrograma = QStringLiteral("2.1.03 (Beta)");
+    const QString VersionPrograma = QStringLiteral(RADIOLOG_VERSION_PROGRAMA);
     QString LogenUso;                // the log in use
     bool IniciandoPrincipal = false; // true during the load of Form1
     bool ConfigInicial = false;      // first start: no config.ini was found
@@ -80,6 +94,7 @@ public:
 private:
     QString carpeta_;
     Servicios servicios_;
+    Configuracion config_;
     Almacen almacen_;
     DireccionesWeb direcciones_;
 };

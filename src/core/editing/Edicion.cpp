@@ -55,17 +55,6 @@ QString TituloEdicion(qint64 id)
     return PrefijoTitulo + QString::number(id);
 }
 
-qint64 IdDeTitulo(const QString &titulo)
-{
-    QString resto = titulo;
-    resto.remove(PrefijoTitulo);
-    resto = resto.trimmed();
-    qsizetype fin = 0;
-    while (fin < resto.size() && resto.at(fin).isDigit() && resto.at(fin).unicode() < 128)
-        ++fin;
-    return resto.left(fin).toLongLong();
-}
-
 FrecuenciaPartida PartirFrecuencia(const QString &frecuencia)
 {
     QString f = frecuencia;

@@ -19,10 +19,8 @@ QString RevisarHoraEdicion(const QString &texto);
 QString RevisarGrillaEdicion(const QString &texto);
 
 // ---- Loading ----------------------------------------------------------------------
-// "Edición de QSO #" and the id: the window keeps the row's id nowhere else.
+// "Edición de QSO #" and the id: the caption of the edit window.
 QString TituloEdicion(qint64 id);
-// The id back from the caption; 0 when there is none.
-qint64 IdDeTitulo(const QString &titulo);
 
 // The frequency "7.150" (or "7,150") as the two fields show it: the whole MHz before the
 // first point, and up to four characters after it.

@@ -20,28 +20,33 @@ std::optional<QChar> FiltrarTecla(FiltroTecla filtro, QChar c)
         return c;
     // Only a-z are raised: other scripts' lower-case letters are dropped, not turned into
     // a look-alike capital.
-    if ((filtro == FiltroTecla::A || filtro == FiltroTecla::ASinBarra) && c >= u'a' && c <= u'z')
+    if ((filtro == FiltroTecla::Senal || filtro == FiltroTecla::SenalSinBarra) && c >= u'a' &&
+        c <= u'z')
         c = QChar(c.unicode() - u'a' + u'A');
     if (EsDigito(c))
         return c;
     switch (filtro) {
-    case FiltroTecla::A:
+    case FiltroTecla::Senal:
         if (EsLetra(c) || c == u'/')
             return c;
         break;
-    case FiltroTecla::ASinBarra:
+    case FiltroTecla::SenalSinBarra:
         if (EsLetra(c))
             return c;
         break;
-    case FiltroTecla::B:
+    case FiltroTecla::Fecha:
         if (c == u'/')
             return c;
         break;
-    case FiltroTecla::C:
+    case FiltroTecla::Hora:
         if (c == u':')
             return c;
         break;
-    case FiltroTecla::D:
+    case FiltroTecla::Digitos:
+        break;
+    case FiltroTecla::DigitosConSigno:
+        if (c == u'+' || c == u'-')
+            return c;
         break;
     }
     return std::nullopt;

@@ -7,12 +7,17 @@
 #include <QString>
 #include <optional>
 
-// A: callsigns (letters upper-cased, digits, '/'); ASinBarra: the grid (the same without
-// '/'); B: dates (digits, '/'); C: times (digits, ':'); D: kilohertz (digits only).
-enum class FiltroTecla { A, ASinBarra, B, C, D };
+// Named by what they let through, besides digits:
+//   Senal          letters (upper-cased) and '/': callsigns
+//   SenalSinBarra  letters (upper-cased): the grid
+//   Fecha          '/': dates
+//   Hora           ':': times
+//   Digitos        nothing else: kilohertz, a page number
+//   DigitosConSigno  '+' and '-': the hours from UTC
+enum class FiltroTecla { Senal, SenalSinBarra, Fecha, Hora, Digitos, DigitosConSigno };
 
 // The character to put in the field, or nullopt to drop it. Every filter lets Backspace
-// (code 8) and '?' through.
+// (code 8) and '?' through; the windows that refuse '?' say so to FiltrarTeclaEnCampo.
 std::optional<QChar> FiltrarTecla(FiltroTecla filtro, QChar c);
 
 // Applied once per change of the grid field: a last character of the wrong kind is cut

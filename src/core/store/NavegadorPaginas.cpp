@@ -2,6 +2,7 @@
 
 void NavegadorPaginas::Cargado(qint64 n, qint64 filaInicial)
 {
+    Cantidad = n;
     TotalPaginas = (n + FilasPorPagina - 1) / FilasPorPagina;
     if (filaInicial == 1)
         PaginaActual = 1;

@@ -19,6 +19,7 @@ class NavegadorPaginas
 public:
     static constexpr qint64 FilasPorPagina = 20;
 
+    qint64 Cantidad = 0; // the QSOs of the log at the last load, as the store counts them
     qint64 TotalPaginas = 0;
     qint64 PaginaActual = 0;
     qint64 FilaInicial = 1;

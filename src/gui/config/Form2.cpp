@@ -2,6 +2,8 @@
 
 #include "core/context/Contexto.h"
 #include "core/rules/Entrada.h"
+#include "gui/common/Controles.h"
+#include "gui/common/TeclaEnCampo.h"
 
 #include <QCheckBox>
 #include <QCloseEvent>
@@ -19,30 +21,6 @@
 
 namespace {
 
-// The characters the callsign and UTC-offset fields take as they are typed. A pasted text
-// or one set by the program goes in as it is.
-bool EsDigito(QChar c)
-{
-    return c >= u'0' && c <= u'9';
-}
-
-bool CaracterDeSenal(QChar c)
-{
-    return (c >= u'A' && c <= u'Z') || EsDigito(c) || c == u'/';
-}
-
-bool CaracterDeDiferencia(QChar c)
-{
-    return EsDigito(c) || c == u'+' || c == u'-';
-}
-
-template<typename T> T *Crear(QWidget *padre, const char *nombre)
-{
-    auto *w = new T(padre);
-    w->setObjectName(QLatin1String(nombre));
-    return w;
-}
-
 QLineEdit *CampoClave(QWidget *padre, const char *nombre)
 {
     auto *campo = Crear<QLineEdit>(padre, nombre);
@@ -50,21 +28,10 @@ QLineEdit *CampoClave(QWidget *padre, const char *nombre)
     return campo;
 }
 
-// A caption that a screen reader reads as the name of its field.
-QLabel *Rotulo(QWidget *padre, const QString &texto, QWidget *campo)
-{
-    auto *rotulo = new QLabel(texto, padre);
-    rotulo->setObjectName(QStringLiteral("rotulo_") + campo->objectName());
-    rotulo->setBuddy(campo);
-    return rotulo;
-}
-
 // A button that shows a password while it is held down, by mouse or by the space bar.
 QPushButton *BotonMostrar(QWidget *padre, const char *nombre, QLineEdit *campo)
 {
-    auto *boton = Crear<QPushButton>(padre, nombre);
-    boton->setText(QStringLiteral("Ver"));
-    boton->setAutoDefault(false);
+    auto *boton = Boton(padre, nombre, QStringLiteral("Ver"));
     boton->setAccessibleName(QStringLiteral("Mostrar contraseña"));
     boton->setToolTip(QStringLiteral("Mostrar contraseña"));
     QObject::connect(boton, &QPushButton::pressed, campo,
@@ -74,21 +41,11 @@ QPushButton *BotonMostrar(QWidget *padre, const char *nombre, QLineEdit *campo)
     return boton;
 }
 
-QPushButton *Boton(QWidget *padre, const char *nombre, const QString &texto)
-{
-    auto *boton = Crear<QPushButton>(padre, nombre);
-    boton->setText(texto);
-    // Enter anywhere is Guardar, so no other button takes it.
-    boton->setAutoDefault(false);
-    return boton;
-}
-
 } // namespace
 
-Form2::Form2(Contexto &contexto, EnlacePrincipal &enlace, QWidget *parent)
+Form2::Form2(Contexto &contexto, QWidget *parent)
     : QDialog(parent)
     , ctx(contexto)
-    , principal(enlace)
 {
     setObjectName(QStringLiteral("Form2"));
     setWindowTitle(QStringLiteral("Configuración"));
@@ -119,6 +76,7 @@ Form2::Form2(Contexto &contexto, EnlacePrincipal &enlace, QWidget *parent)
     CrearLlamador();
     raiz->addWidget(Frame5);
 
+    // Enter anywhere is Guardar, so no other button takes it.
     Command1 = Boton(this, "Command1", QStringLiteral("Guardar"));
     Command1->setDefault(true);
     Command2 = Boton(this, "Command2", QStringLiteral("Cancelar"));
@@ -308,14 +266,19 @@ void Form2::reject()
 bool Form2::eventFilter(QObject *objeto, QEvent *evento)
 {
     if (evento->type() == QEvent::KeyPress) {
-        const auto *tecla = static_cast<QKeyEvent *>(evento);
+        auto *tecla = static_cast<QKeyEvent *>(evento);
         if ((tecla->key() == Qt::Key_Return || tecla->key() == Qt::Key_Enter) &&
             !(tecla->modifiers() & (Qt::ControlModifier | Qt::AltModifier))) {
             Command1->click();
             return true;
         }
-        if (objeto == Text1 || objeto == Text2 || objeto == Text3)
-            return TeclaDeCampo(static_cast<QLineEdit *>(objeto), tecla);
+        // The callsigns take the callsign filter of every window, without its '?'; the
+        // hours from UTC take digits and the sign.
+        if (objeto == Text1 || objeto == Text2)
+            return FiltrarTeclaEnCampo(static_cast<QLineEdit *>(objeto), tecla, FiltroTecla::Senal,
+                                       false);
+        if (objeto == Text3)
+            return FiltrarTeclaEnCampo(Text3, tecla, FiltroTecla::DigitosConSigno, false);
     } else if (evento->type() == QEvent::FocusOut && objeto == Text4) {
         // Only a move within the window: not a message box taking the focus, nor the
         // window being hidden.
@@ -326,27 +289,6 @@ bool Form2::eventFilter(QObject *objeto, QEvent *evento)
             QTimer::singleShot(0, this, &Form2::RevisarGrilla);
     }
     return QDialog::eventFilter(objeto, evento);
-}
-
-// Letters are raised and only the characters of the field pass; editing keys and
-// shortcuts go on to the field untouched.
-bool Form2::TeclaDeCampo(QLineEdit *campo, const QKeyEvent *tecla)
-{
-    const QString texto = tecla->text();
-    if (texto.size() != 1 || !texto[0].isPrint() ||
-        (tecla->modifiers() & (Qt::ControlModifier | Qt::AltModifier)))
-        return false;
-    QChar c = texto[0];
-    if (campo == Text3)
-        return !CaracterDeDiferencia(c);
-    if (c >= u'a' && c <= u'z')
-        c = QChar(c.unicode() - u'a' + u'A');
-    if (!CaracterDeSenal(c))
-        return true;
-    if (c == texto[0])
-        return false;
-    campo->insert(QString(c));
-    return true;
 }
 
 // The grid is checked once the focus has left it, outside the focus change itself: a

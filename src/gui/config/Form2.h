@@ -1,6 +1,8 @@
 #pragma once
-// Form2: the configuration window. It edits config.ini and, hidden for the whole run,
-// holds the settings that the other windows read from its controls.
+// Form2: the configuration window. Its controls are a copy of the context's settings:
+// "Guardar" (and "Cancelar", which keeps the edits too) commits them to the context and
+// to config.ini, and tells whoever listens that the settings changed. No other window
+// reads these controls.
 
 #include "core/config/Configuracion.h"
 #include "core/platform/ClienteWeb.h"
@@ -10,7 +12,6 @@
 #include <utility>
 
 class Contexto;
-class EnlacePrincipal;
 class QCheckBox;
 class QComboBox;
 class QGroupBox;
@@ -24,15 +25,18 @@ class Form2 : public QDialog
 {
     Q_OBJECT
 public:
-    Form2(Contexto &ctx, EnlacePrincipal &principal, QWidget *parent = nullptr);
+    explicit Form2(Contexto &ctx, QWidget *parent = nullptr);
     ~Form2() override;
 
-    // Fills the port and time lists, reads config.ini over the controls (what the file
-    // does not bring stays as it was) and shows the result in the main window.
+    // Fills the port and time lists, reads config.ini into the context (what the file
+    // does not bring stays as it was), shows the result in the controls, puts the PTT
+    // line on the port read and announces the settings.
     void LeerConfiguracion();
-    // Writes config.ini from the controls and shows the result in the main window.
+    // Commits the controls to the context, writes config.ini and announces the settings.
     // False when the file could not be written; the operator has been told.
     bool GuardarConfiguracion();
+    // The settings as the controls have them; what the window does not edit ("No
+    // Borrar") comes from the context.
     Configuracion Valores() const;
     void PonerValores(const Configuracion &cfg);
     // Shows the window modally; 1 when it was left by Guardar, 0 by Cancelar.
@@ -90,6 +94,12 @@ public:
     int TicksPrueba = 0;
     static constexpr int kTicksPrueba = 15;
 
+Q_SIGNALS:
+    // The context's settings were read or committed: windows that show them re-apply.
+    void ConfiguracionAplicada();
+    // Guardar asks for the presence messages; Cancelar stops those not yet sent.
+    void PresenciaPedida(bool habilitada);
+
 public Q_SLOTS:
     void Command1_Click();
     void Command2_Click();
@@ -115,15 +125,12 @@ private:
     void LlenarListas();
     void PonerPuerto(const QString &puerto);
     bool SenalesAceptables();
-    void AbrirPuerto(const QString &puerto);
     void RespuestaPrueba(quint64 pedido, const RespuestaWeb &respuesta);
     void TerminarPrueba(const RespuestaWeb *respuesta);
     void ColorNormalLabel3();
-    bool TeclaDeCampo(QLineEdit *campo, const QKeyEvent *tecla);
     void RevisarGrilla();
 
     Contexto &ctx;
-    EnlacePrincipal &principal;
     quint64 pedidoPrueba_ = 0; // 0 when no test is waiting
     bool pidiendo_ = false;    // inside Pedir: an answer may come before its number
     std::optional<std::pair<quint64, RespuestaWeb>> respuestaTemprana_;

@@ -2,8 +2,8 @@
 // controls, Guardar and Cancelar, the test of the national log account, and the trials of
 // the CQ caller's audio file and PTT line.
 
-#include "core/config/EnlacePrincipal.h"
 #include "core/context/Contexto.h"
+#include "core/keying/PTT.h"
 #include "core/nationallog/EscapeLbN.h"
 #include "core/platform/LineaSerieQt.h"
 #include "core/rules/Senales.h"
@@ -22,8 +22,6 @@
 
 namespace {
 
-const QString kNinguno = QStringLiteral("NINGUNO");
-
 // Text of the page as a browser would show it: the service answers with a line of text,
 // but an error page comes as HTML.
 QString TextoVisible(const QString &pagina)
@@ -37,7 +35,7 @@ QString TextoVisible(const QString &pagina)
 
 QStringList Form2::ListaPuertos()
 {
-    QStringList lista{kNinguno};
+    QStringList lista{PuertoNinguno()};
     for (int n = 1; n <= 20; ++n)
         lista << QStringLiteral("COM%1").arg(n);
     for (const QString &p : PuertosDelSistema()) {
@@ -78,14 +76,13 @@ void Form2::PonerPuerto(const QString &puerto)
 
 Configuracion Form2::Valores() const
 {
-    Configuracion c;
+    Configuracion c = ctx.config();
     c.Estacion = Text1->text();
     c.Operador = Text2->text();
     c.DiferUTC = Text3->text();
     c.GridLoca = Text4->text();
     c.UserLbN = user_lbn->text();
     c.PassLbN = pass_lbn->text();
-    c.NoBorrar = principal.ValorNoBorrar();
     c.Pantalla = panta->isChecked() ? 1 : 0;
     c.HAMQuser = Text5->text();
     c.HAMQpass = Text6->text();
@@ -109,7 +106,6 @@ void Form2::PonerValores(const Configuracion &c)
     Text4->setText(c.GridLoca);
     user_lbn->setText(c.UserLbN);
     pass_lbn->setText(c.PassLbN);
-    principal.PonerNoBorrar(c.NoBorrar);
     panta->setChecked(c.Pantalla != 0);
     Text5->setText(c.HAMQuser);
     Text6->setText(c.HAMQpass);
@@ -130,37 +126,23 @@ void Form2::PonerValores(const Configuracion &c)
 void Form2::LeerConfiguracion()
 {
     LlenarListas();
-    Configuracion cfg = Valores();
-    QString logenUso = ctx.LogenUso;
-    ::LeerConfiguracion(ctx.Archivo(QStringLiteral("config.ini")), cfg, logenUso);
-    ctx.LogenUso = logenUso;
-    PonerValores(cfg);
-
+    ctx.LeerConfiguracion();
+    PonerValores(ctx.config());
     // The PTT line is the port of the settings from here on, so the CQ caller finds it
-    // open; a port already open on the same name is left as it is.
-    LineaSerie &linea = ctx.puertoPTT();
-    const QString puerto = Puerto->currentText();
-    const bool ninguno = puerto.isEmpty() || puerto == kNinguno;
-    if (!ctx.IniciandoPrincipal &&
-        (ninguno ? linea.Abierta() : !(linea.Abierta() && linea.Puerto() == puerto)))
-        AbrirPuerto(puerto);
-
-    principal.AplicarConfiguracion(cfg.Estacion.toUpper(), cfg.Operador.toUpper(), ctx.LogenUso,
-                                   cfg.GridLoca, cfg.Pantalla);
+    // open.
+    if (!ctx.IniciandoPrincipal)
+        SeguirPuertoPTT(ctx.puertoPTT(), ctx.config().Puerto);
+    Q_EMIT ConfiguracionAplicada();
 }
 
 bool Form2::GuardarConfiguracion()
 {
-    const Configuracion cfg = Valores();
-    QString logenUso = ctx.LogenUso;
-    const QString archivo = ctx.Archivo(QStringLiteral("config.ini"));
-    const bool bien = ::GuardarConfiguracion(archivo, cfg, logenUso, ctx.almacen());
-    ctx.LogenUso = logenUso;
-    principal.AplicarConfiguracion(cfg.Estacion.toUpper(), cfg.Operador.toUpper(), ctx.LogenUso,
-                                   cfg.GridLoca, cfg.Pantalla);
-    if (!bien)
-        ctx.dialogos().Exclamacion(MensajeConfiguracionNoGuardada(archivo));
-    return bien;
+    ctx.config() = Valores();
+    const Resultado<> guardado = ctx.GuardarConfiguracion();
+    Q_EMIT ConfiguracionAplicada();
+    if (!guardado)
+        ctx.dialogos().Exclamacion(guardado.Mensaje());
+    return guardado.Exito();
 }
 
 int Form2::Mostrar()
@@ -197,7 +179,7 @@ void Form2::Command1_Click()
     if (!GuardarConfiguracion())
         return;
     ctx.ConfigInicial = false;
-    principal.PonerPresencia(true);
+    Q_EMIT PresenciaPedida(true);
     done(QDialog::Accepted);
 }
 
@@ -214,7 +196,7 @@ void Form2::Command2_Click()
         return;
     // A presence message that has not gone out yet stays unsent.
     if (!ctx.IniciandoPrincipal)
-        principal.PonerPresencia(false);
+        Q_EMIT PresenciaPedida(false);
     if (!GuardarConfiguracion())
         return;
     done(QDialog::Rejected);
@@ -323,39 +305,20 @@ void Form2::Command7_Click()
     Command6->setEnabled(true);
 }
 
+// The trial keys the line ticked in the window, saved or not yet.
 void Form2::Command8_MouseDown()
 {
-    if (RTS->isChecked())
-        ctx.puertoPTT().PonerRTS(true);
-    else
-        ctx.puertoPTT().PonerDTR(true);
+    PonerPTT(ctx.puertoPTT(), RTS->isChecked() ? 1 : 0, true);
 }
 
 void Form2::Command8_MouseUp()
 {
-    if (RTS->isChecked())
-        ctx.puertoPTT().PonerRTS(false);
-    else
-        ctx.puertoPTT().PonerDTR(false);
+    PonerPTT(ctx.puertoPTT(), RTS->isChecked() ? 1 : 0, false);
 }
 
 void Form2::Puerto_Click()
 {
     if (ctx.IniciandoPrincipal)
         return;
-    AbrirPuerto(Puerto->currentText());
-}
-
-// A port that does not open stays closed and says nothing here: a later PTT finds it so.
-void Form2::AbrirPuerto(const QString &puerto)
-{
-    LineaSerie &linea = ctx.puertoPTT();
-    if (linea.Abierta())
-        linea.Cerrar();
-    if (puerto.isEmpty() || puerto == kNinguno)
-        return;
-    if (linea.Abrir(puerto)) {
-        linea.PonerRTS(false);
-        linea.PonerDTR(false);
-    }
+    AbrirPuertoPTT(ctx.puertoPTT(), Puerto->currentText());
 }

@@ -8,6 +8,7 @@
 #include "core/rules/Entrada.h"
 #include "core/rules/Senales.h"
 #include "core/store/RegistroQSO.h"
+#include "gui/common/Controles.h"
 #include "gui/common/TeclaEnCampo.h"
 #include "gui/main/Form1.h"
 
@@ -28,20 +29,10 @@
 #include <QTime>
 #include <QVBoxLayout>
 
-namespace {
-
-template<typename T> T *Nombrado(T *w, const char *nombre)
-{
-    w->setObjectName(QLatin1String(nombre));
-    return w;
-}
-
-} // namespace
-
-Form5::Form5(Contexto &contexto, Form1 &ventanaPrincipal, QWidget *parent)
+Form5::Form5(Contexto &contexto, std::function<void()> refrescarVista, QWidget *parent)
     : QDialog(parent)
     , ctx(contexto)
-    , principal(ventanaPrincipal)
+    , refrescarVista_(std::move(refrescarVista))
 {
     setObjectName(QStringLiteral("Form5"));
     setWindowTitle(TituloEdicion(0));
@@ -57,14 +48,12 @@ void Form5::Crear()
     // Each field is the buddy of its caption, so a screen reader names it by the caption.
     auto campo = [this, rejilla](QWidget *w, const QString &rotulo, int fila, int columna,
                                  int ancho = 1) {
-        auto *l = new QLabel(rotulo, this);
-        l->setObjectName(QStringLiteral("Rotulo") + w->objectName());
-        l->setBuddy(w);
+        QLabel *l = Rotulo(this, rotulo, w);
         rejilla->addWidget(l, fila, columna);
         rejilla->addWidget(w, fila, columna + 1, 1, ancho);
         return l;
     };
-    auto texto = [this](const char *nombre) { return Nombrado(new QLineEdit(this), nombre); };
+    auto texto = [this](const char *nombre) { return ::Crear<QLineEdit>(this, nombre); };
 
     // Made in the order of the Tab key.
     Text1 = texto("Text1");
@@ -77,7 +66,7 @@ void Form5::Crear()
     campo(Text4, QStringLiteral("Fecha UTC"), 1, 0);
     Text5 = texto("Text5");
     campo(Text5, QStringLiteral("Hora UTC"), 1, 2);
-    Combo2 = Nombrado(new QComboBox(this), "Combo2");
+    Combo2 = ::Crear<QComboBox>(this, "Combo2");
     Combo2->setEditable(true);
     Combo2->setInsertPolicy(QComboBox::NoInsert);
     campo(Combo2, QStringLiteral("Modo"), 1, 4);
@@ -85,7 +74,7 @@ void Form5::Crear()
     campo(Text6, QStringLiteral("RSe"), 2, 0);
     Text7 = texto("Text7");
     campo(Text7, QStringLiteral("RSr"), 2, 2);
-    mhz = Nombrado(new QComboBox(this), "mhz");
+    mhz = ::Crear<QComboBox>(this, "mhz");
     mhz->setEditable(true);
     mhz->setInsertPolicy(QComboBox::NoInsert);
     campo(mhz, QStringLiteral("MHz"), 3, 0);
@@ -93,15 +82,16 @@ void Form5::Crear()
     campo(Text9, QStringLiteral("KHz"), 3, 2);
     // The band is a value, shown only: no name of its own and no caption pointing at it,
     // so that a screen reader reads the band itself.
-    Label11 = Nombrado(new QLabel(this), "Label11");
-    auto *rotuloBanda = Nombrado(new QLabel(QStringLiteral("Banda"), this), "RotuloLabel11");
+    Label11 = ::Crear<QLabel>(this, "Label11");
+    auto *rotuloBanda = ::Crear<QLabel>(this, "rotulo_Label11");
+    rotuloBanda->setText(QStringLiteral("Banda"));
     rejilla->addWidget(rotuloBanda, 3, 4);
     rejilla->addWidget(Label11, 3, 5);
     Text10 = texto("Text10");
     campo(Text10, QStringLiteral("Mi Grilla"), 4, 0);
     Text11 = texto("Text11");
     campo(Text11, QStringLiteral("Su Grilla"), 4, 2);
-    Check1 = Nombrado(new QCheckBox(this), "Check1");
+    Check1 = ::Crear<QCheckBox>(this, "Check1");
     Check1->setAccessibleName(QStringLiteral("Satélite"));
     rejilla->addWidget(Check1, 5, 0);
     Text12 = texto("Text12");
@@ -110,10 +100,11 @@ void Form5::Crear()
     Text8 = texto("Text8");
     campo(Text8, QStringLiteral("Observaciones"), 6, 0, 5);
 
-    MarcoLbN = Nombrado(new QGroupBox(QStringLiteral("Libro Nacional"), this), "MarcoLbN");
+    MarcoLbN = ::Crear<QGroupBox>(this, "MarcoLbN");
+    MarcoLbN->setTitle(QStringLiteral("Libro Nacional"));
     auto *marco = new QHBoxLayout(MarcoLbN);
-    subidoALbn = Nombrado(new QLabel(MarcoLbN), "subidoALbn");
-    ConfALbn = Nombrado(new QLabel(MarcoLbN), "ConfALbn");
+    subidoALbn = ::Crear<QLabel>(MarcoLbN, "subidoALbn");
+    ConfALbn = ::Crear<QLabel>(MarcoLbN, "ConfALbn");
     for (auto [rotulo, valor] : {std::pair{QStringLiteral("Subido:"), subidoALbn},
                                  std::pair{QStringLiteral("Confirmado:"), ConfALbn}}) {
         auto *l = new QLabel(rotulo, MarcoLbN);
@@ -123,17 +114,12 @@ void Form5::Crear()
     }
     marco->addStretch();
 
-    auto boton = [this](const char *nombre, const QString &rotulo) {
-        auto *b = Nombrado(new QPushButton(rotulo, this), nombre);
-        // Enter in a field never saves or deletes by itself.
-        b->setAutoDefault(false);
-        return b;
-    };
-    Command1 = boton("Command1", QStringLiteral("Guardar"));
-    Command2 = boton("Command2", QStringLiteral("Eliminar"));
-    Command3 = boton("Command3", QStringLiteral("LbN"));
-    Command13 = boton("Command13", QStringLiteral("QRZ.com"));
-    Command4 = boton("Command4", QStringLiteral("QSL"));
+    // Enter in a field never saves or deletes by itself.
+    Command1 = Boton(this, "Command1", QStringLiteral("Guardar"));
+    Command2 = Boton(this, "Command2", QStringLiteral("Eliminar"));
+    Command3 = Boton(this, "Command3", QStringLiteral("LbN"));
+    Command13 = Boton(this, "Command13", QStringLiteral("QRZ.com"));
+    Command4 = Boton(this, "Command4", QStringLiteral("QSL"));
     auto *botones = new QHBoxLayout;
     for (QPushButton *b : {Command1, Command2, Command3, Command13, Command4})
         botones->addWidget(b);
@@ -207,7 +193,8 @@ void Form5::Cargar(const FilaQSO &fila, bool listaConSat)
     Text12->setText(fila.Nombre_Sat.trimmed());
     MostrarSatelite(!Text12->text().isEmpty());
 
-    setWindowTitle(TituloEdicion(fila.id));
+    id_ = fila.id;
+    setWindowTitle(TituloEdicion(id_));
 
     Combo2->clear();
     Combo2->addItems(ModosParaEdicion(fila.Modo, listaConSat));
@@ -266,11 +253,11 @@ bool Form5::AlTeclear(QLineEdit *campo, QKeyEvent *tecla)
 {
     FiltroTecla filtro;
     if (campo == Text1 || campo == Text2 || campo == Text3)
-        filtro = FiltroTecla::A;
+        filtro = FiltroTecla::Senal;
     else if (campo == Text4)
-        filtro = FiltroTecla::B;
+        filtro = FiltroTecla::Fecha;
     else if (campo == Text5)
-        filtro = FiltroTecla::C;
+        filtro = FiltroTecla::Hora;
     else
         return false;
     return FiltrarTeclaEnCampo(campo, tecla, filtro, false);
@@ -389,7 +376,7 @@ void Form5::Command1_Click()
     q.LbN = QString();
     q.Argento = provincia;
 
-    const qint64 id = IdDeTitulo(windowTitle());
+    const qint64 id = id_;
     if (!ctx.almacen().ActualizarQSO(id, q))
         ctx.dialogos().Alto(QStringLiteral("No se pudo guardar el QSO #") + QString::number(id) +
                             QStringLiteral(".\r\n\r\n") + ctx.almacen().UltimoError());
@@ -398,15 +385,15 @@ void Form5::Command1_Click()
 
 void Form5::Command2_Click()
 {
-    const qint64 id = IdDeTitulo(windowTitle());
+    const qint64 id = id_;
     if (ctx.dialogos().PreguntaSiNo(PreguntaEliminar(id))) {
         if (!ctx.almacen().BorrarQSO(id))
             ctx.dialogos().Alto(QStringLiteral("No se pudo eliminar el QSO #") +
                                 QString::number(id) + QStringLiteral(".\r\n\r\n") +
                                 ctx.almacen().UltimoError());
         // The main view must not go on showing a row that is gone, whoever opened us.
-        if (ctx.OrigenEdicion != QLatin1String("Form1"))
-            principal.Command11_Click();
+        if (ctx.OrigenEdicion != QLatin1String("Form1") && refrescarVista_)
+            refrescarVista_();
         setResult(QDialog::Accepted);
     } else {
         setResult(QDialog::Rejected);
@@ -418,7 +405,8 @@ void Form5::Command2_Click()
 void Form5::Refrescar(qint64 id)
 {
     if (ctx.OrigenEdicion == QLatin1String("Form1")) {
-        principal.Command11_Click(); // the same page again
+        if (refrescarVista_)
+            refrescarVista_(); // the same page again
     } else if (ctx.OrigenEdicion == QLatin1String("Form6")) {
         if (refrescarBusqueda)
             refrescarBusqueda(id);
@@ -462,7 +450,8 @@ void Form5::Command4_Click()
 
 Form5 *ConectarEdicion(Form1 &principal, Contexto &ctx)
 {
-    auto *ventana = new Form5(ctx, principal, &principal);
+    auto *ventana = new Form5(
+        ctx, [&principal] { principal.Command11_Click(); }, &principal);
     const QPointer<Form5> edicion(ventana);
     principal.abrirEdicion = [edicion](const FilaQSO &fila, bool conSat) {
         if (!edicion)

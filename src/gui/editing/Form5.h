@@ -1,6 +1,6 @@
 #pragma once
 // Form5: the QSO edit window. One stored QSO, corrected and saved, or deleted, and handed
-// to the QSL-card designer. Its row's id lives only in its caption.
+// to the QSL-card designer. The row's id is kept here and shown in the caption.
 
 #include <QDialog>
 #include <functional>
@@ -19,12 +19,16 @@ class Form5 : public QDialog
 {
     Q_OBJECT
 public:
-    Form5(Contexto &ctx, Form1 &principal, QWidget *parent = nullptr);
+    // refrescarVista shows the main window's log view again at the same page: a save or
+    // a delete must not leave it showing the row as it was.
+    Form5(Contexto &ctx, std::function<void()> refrescarVista, QWidget *parent = nullptr);
     ~Form5() override;
 
-    // Fills the window from a row. listaConSat: the mode list of F5 ("SSB", "FM", "CW",
-    // "Sat" and the row's own); otherwise the window's own list, without "Sat".
+    // Fills the window from a stored row. listaConSat: the mode list of F5 ("SSB", "FM",
+    // "CW", "Sat" and the row's own); otherwise the window's own list, without "Sat".
     void Cargar(const FilaQSO &fila, bool listaConSat);
+    // The id of the row shown: what Guardar and Eliminar act on.
+    qint64 Id() const { return id_; }
     // Shows the window modally until it is saved, deleted or closed.
     int Mostrar();
 
@@ -80,11 +84,13 @@ private:
     void Refrescar(qint64 id);
 
     Contexto &ctx;
-    Form1 &principal;
+    std::function<void()> refrescarVista_;
+    qint64 id_ = 0;
     bool revisando_ = false;
 };
 
 // Makes Form1 open its QSOs in an edit window: one Form5, made now and reused, shown
-// modally at each double click on a row and at each F5. The window is answered so that
-// the lookups can be plugged into its seams.
+// modally at each double click on a row and at each F5, and refreshing Form1's view after
+// a save or a delete. The window is answered so that the lookups can be plugged into its
+// seams.
 Form5 *ConectarEdicion(Form1 &principal, Contexto &ctx);

@@ -3,7 +3,7 @@
 
 #include "core/context/Contexto.h"
 #include "core/rules/Bandas.h"
-#include "gui/common/Twips.h"
+#include "gui/common/Controles.h"
 #include "gui/config/Form2.h"
 #include "gui/main/Form18.h"
 
@@ -21,49 +21,11 @@
 #include <QTimer>
 #include <QTreeWidget>
 
-namespace {
-
-template<typename W> W *Poner(QWidget *padre, const char *nombre, int x, int y, int ancho, int alto)
-{
-    auto *w = new W(padre);
-    w->setObjectName(QString::fromLatin1(nombre));
-    w->setGeometry(Px(x), Px(y), Px(ancho), Px(alto));
-    return w;
-}
-
-QLabel *Rotulo(QWidget *padre, const QString &texto, int x, int y, int ancho,
-               QWidget *campo = nullptr)
-{
-    auto *l = new QLabel(texto, padre);
-    l->setGeometry(Px(x), Px(y), Px(ancho), Px(240));
-    if (campo) {
-        l->setBuddy(campo);
-        campo->setAccessibleName(texto.trimmed());
-    }
-    return l;
-}
-
-QLineEdit *Campo(QWidget *padre, const char *nombre, int x, int y, int ancho, int largo)
-{
-    auto *e = Poner<QLineEdit>(padre, nombre, x, y, ancho, 330);
-    e->setMaxLength(largo);
-    return e;
-}
-
-QPushButton *Boton(QWidget *padre, const char *nombre, const QString &texto, int x, int y,
-                   int ancho, int alto = 360)
-{
-    auto *b = Poner<QPushButton>(padre, nombre, x, y, ancho, alto);
-    b->setText(texto);
-    b->setAutoDefault(false);
-    return b;
-}
-
-} // namespace
-
 Form1::Form1(Contexto &contexto, QWidget *parent)
     : QMainWindow(parent)
     , ctx(contexto)
+    , presencia_(contexto.web(), contexto.direcciones().Sitio, contexto.VersionPrograma)
+    , llamador_(contexto.reproductor(), contexto.puertoPTT())
 {
     setObjectName(QStringLiteral("Form1"));
     auto *centro = new QWidget(this);
@@ -85,7 +47,11 @@ Form1::Form1(Contexto &contexto, QWidget *parent)
     for (std::size_t i = 1; i < std::size(orden); ++i)
         setTabOrder(orden[i - 1], orden[i]);
 
-    form2_ = new Form2(ctx, *this, this);
+    // The configuration window commits to the context and says so; this window then
+    // shows what the context holds.
+    form2_ = new Form2(ctx, this);
+    connect(form2_, &Form2::ConfiguracionAplicada, this, &Form1::AplicarConfiguracion);
+    connect(form2_, &Form2::PresenciaPedida, this, &Form1::PonerPresencia);
     form18_ = new Form18(this);
 
     ConectarEntrada();
@@ -386,7 +352,7 @@ void Form1::CrearTimers()
     Timer1 = timer("Timer1", 1000, true);
     Timer2 = timer("Timer2", 900, true);
     Timer3 = timer("Timer3", 250, false);
-    Timer4 = timer("Timer4", 5000, false); // the version check nothing ever starts
+    Timer4 = timer("Timer4", 5000, false);
     Timer5 = timer("Timer5", 5000, false);
     Timer6 = timer("Timer6", 200, false);
     Timer7 = timer("Timer7", 20000, true);

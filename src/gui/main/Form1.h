@@ -1,9 +1,11 @@
 #pragma once
 // Form1: the main logging window, the program's start and end. It holds the entry of
 // one QSO, the log view with its navigator, the keyboard commands and the closing run.
+// The settings it shows and uses are the context's; it reads no other window.
 
-#include "core/config/EnlacePrincipal.h"
 #include "core/config/Memoria.h"
+#include "core/keying/LlamadorCQ.h"
+#include "core/online/Presencia.h"
 #include "core/store/NavegadorPaginas.h"
 
 #include <QMainWindow>
@@ -27,7 +29,7 @@ class QTreeWidget;
 class QTreeWidgetItem;
 struct FilaQSO;
 
-class Form1 : public QMainWindow, public EnlacePrincipal
+class Form1 : public QMainWindow
 {
     Q_OBJECT
 public:
@@ -82,12 +84,16 @@ public:
     QLabel *Image1 = nullptr, *Image2 = nullptr;
 
     // ---- Timers -------------------------------------------------------------------
-    QTimer *Timer1 = nullptr, *Timer2 = nullptr, *Timer3 = nullptr, *Timer4 = nullptr;
-    QTimer *Timer5 = nullptr, *Timer6 = nullptr, *Timer7 = nullptr, *Timer8 = nullptr;
-    QTimer *Timer9 = nullptr, *Timer10 = nullptr;
-
-    Form2 *form2() const { return form2_; }
-    NavegadorPaginas &navegador() { return nav_; }
+    QTimer *Timer1 = nullptr;  // the clock: UTC date and time in the entry, every second
+    QTimer *Timer2 = nullptr;  // once, 900 ms after the load: config.ini and the log in use
+    QTimer *Timer3 = nullptr;  // blinks "QTR manual" while the time is typed by hand
+    QTimer *Timer4 = nullptr;  // the version check; nothing starts it
+    QTimer *Timer5 = nullptr;  // once, the second step of the "on" presence message
+    QTimer *Timer6 = nullptr;  // the closing run: 25 ticks, then the "off" presence message
+    QTimer *Timer7 = nullptr;  // once, 20 s after the start: the first step of "on"
+    QTimer *Timer8 = nullptr;  // once: the short wait of the national log lookup is over
+    QTimer *Timer9 = nullptr;  // scrolls the satellite banner while in satellite mode
+    QTimer *Timer10 = nullptr; // the fast pulse that the upload runs wait on
 
     // ---- Operations ---------------------------------------------------------------
     void AplicarPantalla(int pantalla);
@@ -101,8 +107,6 @@ public:
     void EditarUltimoQSO();
     // "Hacer Tabla!": empties every table and restarts the counters.
     void HacerTabla();
-    // The presence messages to the maker's site.
-    QString DireccionPresencia(const QString &comando) const;
     // The closing road: the close box saves config.ini, "Salir" does not.
     void Salir(bool guardarConfiguracion);
     // Log management and the callsign history (Form1Logs.cpp).
@@ -117,16 +121,14 @@ public:
     void Command15_Click();
     void ConectarLogs();
 
-    // Seams for windows that come later: set by whoever provides them.
+    // Seams for windows that come later: set by whoever provides them. The edit window
+    // gets the row as stored, read by its id.
     std::function<void(const FilaQSO &, bool conSat)> abrirEdicion;
     std::function<void()> buscarQRZ, buscarLbN;
 
-    // EnlacePrincipal: what the configuration window changes here.
-    int ValorNoBorrar() const override;
-    void PonerNoBorrar(int valor) override;
-    void AplicarConfiguracion(const QString &estacion, const QString &operador,
-                              const QString &logenUso, const QString &grid, int pantalla) override;
-    void PonerPresencia(bool habilitada) override;
+    // Shows the context's settings: the station, the grid, the log in use, the screen
+    // layout and "No Borrar". Run after every read and save of config.ini.
+    void AplicarConfiguracion();
 
 public Q_SLOTS:
     void Timer1_Timer();
@@ -139,7 +141,6 @@ public Q_SLOTS:
     void Timer9_Timer();
     void Timer10_Timer();
     void Command9_Click();
-    void Command10_Click();
     void anterior_Click();
     void menos_Click();
     void mas_Click();
@@ -187,27 +188,33 @@ private:
     // View helpers.
     void ActualizarBotones(qint64 n);
     void CambiarPagina();
-    qint64 CantidadDeLabel6() const;
+    // "Log: name, con N QSOs", as the store counted them at the last load.
+    QString RotuloDelLog() const;
     void AgregarFila(const FilaQSO &fila);
     void OrdenarPorColumna(int columna);
     void DobleClicFila(QTreeWidgetItem *item);
 
-    // Settings read from the configuration window.
+    // Settings, from the context.
     QString SenalPropia() const;
     double DiferenciaUTC() const;
+    // config.ini written from the context; the operator is told when it cannot be.
+    void GuardarConfiguracion();
+    // The log in use gets its placeholder row when the store has none of it yet.
+    void FundarLogEnUso();
+    void PonerPresencia(bool habilitada);
 
     void AvisoDeCierre();
-    void PedirWeb(const QString &direccion);
 
     Contexto &ctx;
-    Form2 *form2_ = nullptr;
+    Form2 *form2_ = nullptr; // shown from the menu and at the first start; never read
     Form18 *form18_ = nullptr;
     NavegadorPaginas nav_;
-    QString paginaWeb_; // what the hidden browser shows, for its refresh
+    Presencia presencia_;
+    LlamadorCQ llamador_;
+    qint64 ultimoId_ = 0; // the QSO entered last in this run (shown in Label4); 0: none
     bool CtrlPulsado = false;
     bool CtrlLatch = false;
     bool cerrando_ = false;
     bool validando_ = false;
     bool ordenAscendente_ = false;
-    qint64 ultimoTotal_ = 0;
 };

@@ -1,7 +1,7 @@
 #include "gui/main/Form10.h"
 
 #include "core/context/Contexto.h"
-#include "gui/common/Twips.h"
+#include "gui/common/Controles.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -21,9 +21,8 @@ Form10::Form10(Contexto &ctx, QWidget *parent)
     titulo->setFont(grande);
     titulo->setGeometry(Px(240), Px(200), Px(6700), Px(500));
 
-    Label3 = new QLabel(QStringLiteral("Versión ") + ctx.VersionPrograma, this);
-    Label3->setObjectName(QStringLiteral("Label3"));
-    Label3->setGeometry(Px(240), Px(760), Px(6700), Px(300));
+    Label3 = Poner<QLabel>(this, "Label3", 240, 760, 6700, 300);
+    Label3->setText(QStringLiteral("Versión ") + ctx.VersionPrograma);
 
     const QStringList grupos{
         QStringLiteral("Versión altamente simplificada del Carancho."),
@@ -38,15 +37,13 @@ Form10::Form10(Contexto &ctx, QWidget *parent)
         QStringLiteral("También permite cargar logs de concursos y exportarlos en formato ") +
             QStringLiteral("cabrillo para enviar al organizador."),
         QStringLiteral("Hecho en Argentina por radioaficionados, para radioaficionados.")};
-    Label2 = new QLabel(grupos.join(QStringLiteral("\n\n")), this);
-    Label2->setObjectName(QStringLiteral("Label2"));
+    Label2 = Poner<QLabel>(this, "Label2", 240, 1160, 6700, 3200);
+    Label2->setText(grupos.join(QStringLiteral("\n\n")));
     Label2->setWordWrap(true);
     Label2->setAlignment(Qt::AlignTop | Qt::AlignLeft);
-    Label2->setGeometry(Px(240), Px(1160), Px(6700), Px(3200));
 
-    auto *aceptar = new QPushButton(QStringLiteral("Aceptar"), this);
-    aceptar->setObjectName(QStringLiteral("Command1"));
-    aceptar->setGeometry(Px(5640), Px(4560), Px(1300), Px(420));
+    auto *aceptar = Poner<QPushButton>(this, "Command1", 5640, 4560, 1300, 420);
+    aceptar->setText(QStringLiteral("Aceptar"));
     aceptar->setDefault(true);
     connect(aceptar, &QPushButton::clicked, this, &QDialog::accept);
 }

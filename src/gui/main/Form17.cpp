@@ -1,6 +1,6 @@
 #include "gui/main/Form17.h"
 
-#include "gui/common/Twips.h"
+#include "gui/common/Controles.h"
 
 #include <QFontDatabase>
 #include <QFontMetrics>
@@ -21,10 +21,8 @@ Form17::Form17(QWidget *parent)
     setObjectName(QStringLiteral("Form17"));
     setModal(true);
 
-    Frame1 = new QGroupBox(this);
-    Frame1->setObjectName(QStringLiteral("Frame1"));
-    List1 = new QListWidget(Frame1);
-    List1->setObjectName(QStringLiteral("List1"));
+    Frame1 = Crear<QGroupBox>(this, "Frame1");
+    List1 = Crear<QListWidget>(Frame1, "List1");
     List1->setAccessibleName(QStringLiteral("QSOs anteriores"));
     // The columns line up only in a fixed-pitch font.
     List1->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));

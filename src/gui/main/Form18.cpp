@@ -1,6 +1,6 @@
 #include "gui/main/Form18.h"
 
-#include "gui/common/Twips.h"
+#include "gui/common/Controles.h"
 
 #include <QLabel>
 #include <QProgressBar>
@@ -15,12 +15,9 @@ Form18::Form18(QWidget *parent)
     setObjectName(QStringLiteral("Form18"));
     setWindowTitle(QStringLiteral("Carancho Radiolog"));
     setFixedSize(Px(5400), Px(1500));
-    Label1 = new QLabel(Aviso, this);
-    Label1->setObjectName(QStringLiteral("Label1"));
-    Label1->setGeometry(Px(240), Px(240), Px(4920), Px(360));
-    ProgressBar1 = new QProgressBar(this);
-    ProgressBar1->setObjectName(QStringLiteral("ProgressBar1"));
-    ProgressBar1->setGeometry(Px(240), Px(720), Px(4920), Px(360));
+    Label1 = Poner<QLabel>(this, "Label1", 240, 240, 4920, 360);
+    Label1->setText(Aviso);
+    ProgressBar1 = Poner<QProgressBar>(this, "ProgressBar1", 240, 720, 4920, 360);
     ProgressBar1->setRange(0, 25);
     ProgressBar1->setValue(0);
     ProgressBar1->setAccessibleName(Aviso);

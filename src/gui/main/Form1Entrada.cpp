@@ -6,7 +6,6 @@
 #include "core/rules/Numeros.h"
 #include "core/rules/Validacion.h"
 #include "gui/common/TeclaEnCampo.h"
-#include "gui/config/Form2.h"
 #include "gui/main/Form1.h"
 
 #include <QCheckBox>
@@ -57,6 +56,9 @@ void Form1::ConectarEntrada()
             [this] { Corresponsal->setFocus(Qt::OtherFocusReason); });
     connect(Check3, &QCheckBox::clicked, this,
             [this] { Corresponsal->setFocus(Qt::OtherFocusReason); });
+    // "No Borrar" is a setting, saved with the others: the box is its only editor.
+    connect(Check3, &QCheckBox::toggled, this,
+            [this](bool marcado) { ctx.config().NoBorrar = marcado ? 1 : 0; });
     connect(mhz, &QComboBox::activated, this, [this] {
         // Without kilohertz there is no frequency to judge: the click does nothing at all.
         if (Text1->text().isEmpty())
@@ -108,15 +110,15 @@ bool Form1::AlTeclear(QLineEdit *campo, QKeyEvent *tecla)
 {
     FiltroTecla filtro;
     if (campo == Corresponsal)
-        filtro = FiltroTecla::A;
+        filtro = FiltroTecla::Senal;
     else if (campo == Text2)
-        filtro = FiltroTecla::ASinBarra;
+        filtro = FiltroTecla::SenalSinBarra;
     else if (campo == Fecha)
-        filtro = FiltroTecla::B;
+        filtro = FiltroTecla::Fecha;
     else if (campo == Hora)
-        filtro = FiltroTecla::C;
+        filtro = FiltroTecla::Hora;
     else if (campo == Text1 || campo == Text3)
-        filtro = FiltroTecla::D;
+        filtro = FiltroTecla::Digitos;
     else
         return false;
     return FiltrarTeclaEnCampo(campo, tecla, filtro);
@@ -131,34 +133,23 @@ bool Form1::ValidarCampo(QLineEdit *campo)
             d.Exclamacion(MensajeNoPareceSenal(t));
             return false;
         }
-    } else if (campo == Fecha) {
-        QString t = Fecha->text();
-        if (t.isEmpty()) {
-            d.Exclamacion(MensajeFecha(t));
-            return false;
-        }
-        t = CorregirAnioFecha(t);
-        const int mala = FechaInvalida(t);
-        // The hyphens are mended after the test: such a date is refused once, already
-        // corrected, and passes the next time.
-        t.replace(QLatin1Char('-'), QLatin1Char('/'));
-        Fecha->setText(t);
-        if (mala) {
-            d.Exclamacion(MensajeFecha(t));
-            return false;
-        }
-    } else if (campo == Hora) {
-        const QString t = FormatearHora(Hora->text());
-        Hora->setText(t);
-        if (HoraInvalida(t)) {
-            d.Exclamacion(MensajeHora(t));
+    } else if (campo == Fecha || campo == Hora) {
+        // The field takes the mended text even when it is refused: a date typed with
+        // hyphens is refused once, already corrected, and passes the next time.
+        const RevisionCampo r =
+            campo == Fecha ? RevisarFecha(Fecha->text()) : RevisarHora(Hora->text());
+        if (r.texto != campo->text())
+            campo->setText(r.texto);
+        if (!r.mensaje.isEmpty()) {
+            d.Exclamacion(r.mensaje);
             return false;
         }
     } else if (campo == RSE || campo == RSR) {
-        const QString t = campo->text();
-        if (ReporteInvalido(t, Combo1->currentText())) {
-            d.Exclamacion(MensajeReporte(t));
-            campo->setText(QStringLiteral("59"));
+        // A bad report is told as it was typed, then replaced.
+        const RevisionCampo r = RevisarReporte(campo->text(), Combo1->currentText());
+        if (!r.mensaje.isEmpty()) {
+            d.Exclamacion(r.mensaje);
+            campo->setText(r.texto);
             return false;
         }
     } else if (campo == Text1) {
@@ -257,8 +248,8 @@ void Form1::IngresarQSO()
     q.Modo = Combo1->currentText();
     q.RSE = RSE->text();
     q.RSR = RSR->text();
-    q.MyCall = Label2->text();
-    q.Operador = Label3->text();
+    q.MyCall = ctx.config().Estacion.toUpper();
+    q.Operador = ctx.config().Operador.toUpper();
     q.Obs = Obs->text();
     Corresponsal->clear();
     if (!Check3->isChecked())
@@ -266,7 +257,7 @@ void Form1::IngresarQSO()
     q.Frecuencia = mhz->currentText() + QLatin1Char('.') + Text1->text();
     q.SuGrid = Text2->text();
     Text2->clear();
-    q.MiGrid = Label8->text();
+    q.MiGrid = ctx.config().GridLoca;
     if (ModoSatelite) {
         q.Nombre_Sat = Combo3->currentText();
         q.Modo = Modo->text().remove(QStringLiteral("Modo: "));
@@ -282,6 +273,7 @@ void Form1::IngresarQSO()
 
     const qint64 id = ctx.almacen().AgregarQSO(q, ctx.LogenUso);
     if (id > 0) {
+        ultimoId_ = id;
         Label4->setText(QString::number(id));
     } else {
         ctx.dialogos().Alto(QStringLiteral("No se pudo guardar el QSO con ") + q.Estacion +

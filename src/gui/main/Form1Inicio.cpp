@@ -1,8 +1,10 @@
 // Form1: the load, the timers, the presence messages and the closing run.
 #include "core/config/Memoria.h"
 #include "core/context/Contexto.h"
+#include "core/keying/PTT.h"
 #include "core/rules/Bandas.h"
 #include "core/rules/Numeros.h"
+#include "core/store/Logs.h"
 #include "gui/common/Twips.h"
 #include "gui/config/Form2.h"
 #include "gui/main/Form1.h"
@@ -46,7 +48,6 @@ void Elegir(QComboBox *combo, const QString &texto)
 void Form1::Cargar()
 {
     ctx.IniciandoPrincipal = true;
-    ctx.VersionPrograma = QStringLiteral("2.1.03 (Beta)");
     ctx.ConfigInicial = false;
     archivo->menuAction()->setEnabled(false);
     setWindowTitle(QStringLiteral("Carancho Radiolog V") + ctx.VersionPrograma);
@@ -57,11 +58,11 @@ void Form1::Cargar()
     Elegir(Combo1, QStringLiteral("SSB"));
     mhz->clear();
     mhz->addItems(ListaMhz());
-    Elegir(mhz, QStringLiteral("3"));
+    Elegir(mhz, MhzInicial());
     Combo2->clear();
     Combo2->addItems(ListaBandas());
-    Elegir(Combo2, QStringLiteral("80m"));
-    Label7->setText(QStringLiteral("80m"));
+    Elegir(Combo2, BandaInicial());
+    Label7->setText(BandaInicial());
     RSE->setText(QStringLiteral("59"));
     RSR->setText(QStringLiteral("59"));
     Label11->setText(QStringLiteral("LU"));
@@ -154,12 +155,12 @@ void Form1::GuardarMemFinal()
 
 QString Form1::SenalPropia() const
 {
-    return form2_->Text1->text();
+    return ctx.config().Estacion;
 }
 
 double Form1::DiferenciaUTC() const
 {
-    return NumeroInicial(form2_->Text3->text());
+    return NumeroInicial(ctx.config().DiferUTC);
 }
 
 // ---- Timers ------------------------------------------------------------------------------
@@ -184,11 +185,18 @@ void Form1::Timer2_Timer()
     Timer2->stop();
     if (!QFile::exists(ctx.Archivo(QStringLiteral("config.ini")))) {
         ctx.ConfigInicial = true;
-        form2_->Mostrar();
+        // The first configuration chooses the first log; the list of logs offers it from
+        // now on, before its first QSO.
+        if (form2_->Mostrar() == QDialog::Accepted)
+            FundarLogEnUso();
         archivo->menuAction()->setEnabled(true);
         return;
     }
-    form2_->LeerConfiguracion();
+    ctx.LeerConfiguracion();
+    // The PTT line is the port of the settings from here on, so the CQ caller finds it
+    // open.
+    SeguirPuertoPTT(ctx.puertoPTT(), ctx.config().Puerto);
+    AplicarConfiguracion();
     archivo->menuAction()->setEnabled(false);
     ListView2->clear();
     CargarLog(1);
@@ -207,11 +215,9 @@ void Form1::Timer3_Timer()
 void Form1::Timer5_Timer()
 {
     Timer5->stop();
-    PedirWeb(paginaWeb_);
-    if (!SenalPropia().isEmpty()) {
-        PedirWeb(DireccionPresencia(QStringLiteral("on")));
+    // The star in the caption is the sign that the message went out.
+    if (presencia_.Avisar(SenalPropia(), QStringLiteral("on")))
         setWindowTitle(windowTitle() + QLatin1Char('*'));
-    }
 }
 
 void Form1::Timer6_Timer()
@@ -221,9 +227,7 @@ void Form1::Timer6_Timer()
     ctx.bomba().Bombear();
     if (ctx.TicksCierre >= 25 && !ctx.CierreListo) {
         Timer6->stop();
-        PedirWeb(paginaWeb_);
-        if (!SenalPropia().isEmpty())
-            PedirWeb(DireccionPresencia(QStringLiteral("off")));
+        presencia_.Avisar(SenalPropia(), QStringLiteral("off"));
         ctx.CierreListo = true;
     }
 }
@@ -254,36 +258,15 @@ void Form1::Timer10_Timer()
 
 // ---- Presence and closing ----------------------------------------------------------------
 
-void Form1::PedirWeb(const QString &direccion)
-{
-    if (direccion.isEmpty())
-        return;
-    paginaWeb_ = direccion;
-    ctx.web().Pedir(QUrl(direccion));
-}
-
-QString Form1::DireccionPresencia(const QString &comando) const
-{
-    return ctx.direcciones().Sitio + QStringLiteral("/carancho.php?qrz=") + SenalPropia() +
-           QStringLiteral("&prog=Carancho Radiolog 2") + QStringLiteral("&ver=") +
-           ctx.VersionPrograma + QStringLiteral("&comando=") + comando;
-}
-
 void Form1::Command9_Click()
 {
-    PedirWeb(ctx.direcciones().Sitio + QLatin1Char('/'));
+    presencia_.Visitar();
     Timer5->start();
-}
-
-void Form1::Command10_Click()
-{
-    PedirWeb(ctx.direcciones().Sitio + QLatin1Char('/'));
-    Timer6->start();
 }
 
 void Form1::AvisoDeCierre()
 {
-    PedirWeb(ctx.direcciones().Sitio + QLatin1Char('/'));
+    presencia_.Visitar();
     Timer6->start();
 }
 
@@ -301,7 +284,7 @@ void Form1::Salir(bool guardarConfiguracion)
         return;
     cerrando_ = true;
     if (guardarConfiguracion)
-        form2_->GuardarConfiguracion();
+        GuardarConfiguracion();
     form18_->Mostrar();
     AvisoDeCierre();
     // Five seconds of ticks give the "off" message time to reach the site.
@@ -314,26 +297,34 @@ void Form1::Salir(bool guardarConfiguracion)
     ctx.Terminar(0);
 }
 
-// ---- What the configuration window changes here ------------------------------------------
+// ---- The settings ------------------------------------------------------------------------
 
-int Form1::ValorNoBorrar() const
+void Form1::AplicarConfiguracion()
 {
-    return Check3->isChecked() ? 1 : 0;
+    Configuracion &cfg = ctx.config();
+    AplicarPantalla(cfg.Pantalla);
+    Label2->setText(cfg.Estacion.toUpper());
+    Label3->setText(cfg.Operador.toUpper());
+    Frame1->setTitle(ctx.LogenUso);
+    Label8->setText(cfg.GridLoca);
+    // The box holds 0 or 1 whatever number the file brought, and it is what is saved.
+    Check3->setChecked(cfg.NoBorrar != 0);
+    cfg.NoBorrar = Check3->isChecked() ? 1 : 0;
 }
 
-void Form1::PonerNoBorrar(int valor)
+void Form1::GuardarConfiguracion()
 {
-    Check3->setChecked(valor != 0);
+    const Resultado<> guardado = ctx.GuardarConfiguracion();
+    AplicarConfiguracion();
+    if (!guardado)
+        ctx.dialogos().Exclamacion(guardado.Mensaje());
 }
 
-void Form1::AplicarConfiguracion(const QString &estacion, const QString &operador,
-                                 const QString &logenUso, const QString &grid, int pantalla)
+void Form1::FundarLogEnUso()
 {
-    AplicarPantalla(pantalla);
-    Label2->setText(estacion.toUpper());
-    Label3->setText(operador.toUpper());
-    Frame1->setTitle(logenUso);
-    Label8->setText(grid);
+    // A log exists by its rows; a placeholder row makes it exist with no QSOs.
+    if (!ctx.LogenUso.isEmpty() && !ExisteLog(ctx.almacen().Logs(), ctx.LogenUso))
+        ctx.almacen().AgregarLogVacio(ctx.LogenUso);
 }
 
 void Form1::PonerPresencia(bool habilitada)

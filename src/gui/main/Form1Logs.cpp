@@ -3,7 +3,6 @@
 #include "core/context/Contexto.h"
 #include "core/store/Historial.h"
 #include "core/store/Logs.h"
-#include "gui/config/Form2.h"
 #include "gui/main/Form1.h"
 #include "gui/main/Form17.h"
 #include "gui/main/Form3.h"
@@ -37,7 +36,7 @@ void Form1::AbrirLog(const QString &nombre)
     ListView2->clear();
     ctx.LogenUso = nombre;
     CargarLog(1);
-    form2_->GuardarConfiguracion();
+    GuardarConfiguracion();
 }
 
 void Form1::nuevo_Click()
@@ -61,7 +60,7 @@ void Form1::nuevo_Click()
         return;
     }
     ctx.LogenUso = nombre;
-    form2_->GuardarConfiguracion();
+    GuardarConfiguracion();
     ListView2->clear();
     CargarLog(1);
 }
@@ -69,7 +68,7 @@ void Form1::nuevo_Click()
 void Form1::borralog_Click()
 {
     Dialogos &d = ctx.dialogos();
-    if (!d.PreguntaSiNo(PreguntaBorrarLog(Label6->text())))
+    if (!d.PreguntaSiNo(PreguntaBorrarLog(RotuloDelLog())))
         return;
     if (!ctx.almacen().BorrarLog(ctx.LogenUso)) {
         d.Alto(QStringLiteral("No se pudo borrar el log ") + ctx.LogenUso +
@@ -79,7 +78,7 @@ void Form1::borralog_Click()
     ListView2->clear();
     ctx.LogenUso = LogTrasBorrar(ctx.almacen().Logs());
     CargarLog(1);
-    form2_->GuardarConfiguracion();
+    GuardarConfiguracion();
 }
 
 void Form1::Command7_Click()

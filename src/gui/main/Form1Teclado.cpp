@@ -3,7 +3,6 @@
 // the CQ caller and F5 for the last QSO.
 #include "core/context/Contexto.h"
 #include "core/rules/Validacion.h"
-#include "gui/config/Form2.h"
 #include "gui/main/Form1.h"
 
 #include <QAction>
@@ -184,12 +183,12 @@ void Form1::TeclaEnter()
         Combo3->setFocus(Qt::OtherFocusReason);
         return;
     }
-    if (Corresponsal->text() == Label2->text()) {
+    if (Corresponsal->text() == ctx.config().Estacion.toUpper()) {
         d.Alto(QStringLiteral("QSO con la propia estación???"));
         Corresponsal->setFocus(Qt::OtherFocusReason);
         return;
     }
-    if (Corresponsal->text() == Label3->text()) {
+    if (Corresponsal->text() == ctx.config().Operador.toUpper()) {
         d.Alto(QStringLiteral("QSO con el Operador???"));
         Corresponsal->setFocus(Qt::OtherFocusReason);
         return;
@@ -233,26 +232,10 @@ void Form1::TeclaEnter()
 
 void Form1::IniciarLlamador()
 {
-    Reproductor &r = ctx.reproductor();
-    r.Cerrar();
-    if (!r.AbrirArchivo(form2_->Label6->text()))
-        return;
-    r.Rebobinar();
-    if (r.Longitud() == 0)
-        return;
-    r.Reproducir();
-    if (form2_->RTS->isChecked())
-        ctx.puertoPTT().PonerRTS(true);
-    else
-        ctx.puertoPTT().PonerDTR(true);
+    llamador_.Llamar(ctx.config().ArcAudio, ctx.config().PinPTT);
 }
 
 void Form1::DetenerLlamador()
 {
-    if (form2_->RTS->isChecked())
-        ctx.puertoPTT().PonerRTS(false);
-    else
-        ctx.puertoPTT().PonerDTR(false);
-    ctx.reproductor().Detener();
-    ctx.reproductor().Cerrar();
+    llamador_.Detener(ctx.config().PinPTT);
 }

@@ -39,11 +39,16 @@ void Form1::CargarLog(qint64 filaInicial)
     ProgressBar1->setValue(int(filas.size()));
 
     ListView2->setUpdatesEnabled(true);
-    Label6->setText(QStringLiteral("Log: ") + ctx.LogenUso + QStringLiteral(", con ") +
-                    QString::number(n) + QStringLiteral(" QSOs"));
+    Label6->setText(RotuloDelLog());
     ProgressBar1->setVisible(false);
     Label9->setVisible(false);
     ctx.bomba().Bombear();
+}
+
+QString Form1::RotuloDelLog() const
+{
+    return QStringLiteral("Log: ") + ctx.LogenUso + QStringLiteral(", con ") +
+           QString::number(nav_.Cantidad) + QStringLiteral(" QSOs");
 }
 
 void Form1::AgregarFila(const FilaQSO &f)
@@ -68,6 +73,9 @@ void Form1::AgregarFila(const FilaQSO &f)
                              f.Nombre_Sat.trimmed(),
                              f.Argento.trimmed()};
     auto *item = new QTreeWidgetItem(textos);
+    // The row's id travels with it: the edit window reads the stored QSO by it, never the
+    // cells, which show some columns shortened.
+    item->setData(0, Qt::UserRole, f.id);
     for (int c = 1; c < textos.size(); ++c)
         item->setForeground(c, VerdeFilas);
     ListView2->addTopLevelItem(item);
@@ -82,19 +90,9 @@ void Form1::ActualizarBotones(qint64 n)
     ultima->setEnabled(b.ultima);
 }
 
-qint64 Form1::CantidadDeLabel6() const
-{
-    // The count's only home is the caption: the number after ", con".
-    const QString t = Label6->text();
-    const int i = int(t.indexOf(QLatin1String(", con")));
-    if (i < 0)
-        return 0;
-    return qint64(NumeroInicial(t.mid(i + 5)));
-}
-
 void Form1::CambiarPagina()
 {
-    ActualizarBotones(CantidadDeLabel6());
+    ActualizarBotones(nav_.Cantidad);
     ListView2->clear();
     CargarLog(nav_.FilaInicial);
     Corresponsal->setFocus(Qt::OtherFocusReason);
@@ -120,7 +118,7 @@ void Form1::mas_Click()
 
 void Form1::ultima_Click()
 {
-    nav_.Ultima(CantidadDeLabel6());
+    nav_.Ultima(nav_.Cantidad);
     CambiarPagina();
 }
 
@@ -152,48 +150,31 @@ void Form1::OrdenarPorColumna(int columna)
 void Form1::DobleClicFila(QTreeWidgetItem *item)
 {
     ctx.OrigenEdicion = QStringLiteral("Form1");
-    if (CantidadDeLabel6() == 0 || !item)
+    if (nav_.Cantidad == 0 || !item)
         return;
-    FilaQSO f;
-    f.id = item->text(1).toLongLong();
-    f.Estacion = item->text(2);
-    f.Banda = item->text(3);
-    f.Frecuencia = item->text(4);
-    f.Modo = item->text(5);
-    f.RSE = item->text(6);
-    f.RSR = item->text(7);
-    f.Fecha = item->text(8);
-    f.Hora = item->text(9);
-    f.MyCall = item->text(10);
-    f.Operador = item->text(11);
-    f.Obs = item->text(12);
-    f.MiGrid = item->text(13);
-    f.SuGrid = item->text(14);
-    f.LbN = item->text(15);
-    f.Nombre_Sat = item->text(16);
-    f.Argento = item->text(17);
-    f.NombreLog = ctx.LogenUso;
+    const std::optional<FilaQSO> fila =
+        ctx.almacen().QSOPorId(ctx.LogenUso, item->data(0, Qt::UserRole).toLongLong());
+    if (!fila)
+        return;
     ctx.CargandoEdicion = true;
     if (abrirEdicion)
-        abrirEdicion(f, false);
+        abrirEdicion(*fila, false);
     else
         ctx.CargandoEdicion = false;
 }
 
 void Form1::EditarUltimoQSO()
 {
-    if (CantidadDeLabel6() == 0) {
+    if (nav_.Cantidad == 0) {
         ctx.dialogos().Exclamacion(QStringLiteral("No hay QSOs para Editar!"));
         return;
     }
-    std::optional<FilaQSO> fila;
-    if (Label4->text().isEmpty())
-        fila = ctx.almacen().UltimoQSO(ctx.LogenUso);
-    else
-        fila = ctx.almacen().QSOPorId(ctx.LogenUso, qint64(NumeroInicial(Label4->text())));
+    // The QSO entered last in this run, whatever its date; before any, the newest.
+    const std::optional<FilaQSO> fila = ultimoId_ == 0
+                                            ? ctx.almacen().UltimoQSO(ctx.LogenUso)
+                                            : ctx.almacen().QSOPorId(ctx.LogenUso, ultimoId_);
     if (!fila)
         return;
-    fila->Hora = fila->Hora.left(5);
     ctx.OrigenEdicion = QStringLiteral("Form1");
     ctx.CargandoEdicion = true;
     if (abrirEdicion)

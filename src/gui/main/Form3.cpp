@@ -1,7 +1,7 @@
 #include "gui/main/Form3.h"
 
 #include "core/store/Logs.h"
-#include "gui/common/Twips.h"
+#include "gui/common/Controles.h"
 
 #include <QListWidget>
 #include <QVBoxLayout>
@@ -14,8 +14,7 @@ Form3::Form3(QWidget *parent)
     setModal(true);
     resize(Px(4800), Px(3600));
 
-    List1 = new QListWidget(this);
-    List1->setObjectName(QStringLiteral("List1"));
+    List1 = Crear<QListWidget>(this, "List1");
     List1->setAccessibleName(QStringLiteral("Logs"));
     List1->setSelectionMode(QAbstractItemView::SingleSelection);
     auto *capa = new QVBoxLayout(this);

@@ -42,13 +42,14 @@ void TestEntrada::filtrarTecla_data()
     const auto fila = [](FiltroTecla filtro, const QString &teclas, const char *campo) {
         QTest::newRow(qPrintable(teclas)) << filtro << teclas << QString(campo);
     };
-    fila(FiltroTecla::A, "lu1abc/p", "LU1ABC/P");
+    fila(FiltroTecla::Senal, "lu1abc/p", "LU1ABC/P");
     // Only a-z are raised: other scripts' letters are dropped, not turned into look-alikes.
-    fila(FiltroTecla::A, QStringLiteral(" -.:_*,\u00f1\u00d1\u00e1\u0131\u017f"), "");
-    fila(FiltroTecla::ASinBarra, "ff78/ab", "FF78AB");
-    fila(FiltroTecla::B, "15-03/2024a:", "1503/2024");
-    fila(FiltroTecla::C, "21:30/a.", "21:30");
-    fila(FiltroTecla::D, "6.5/:a", "65");
+    fila(FiltroTecla::Senal, QStringLiteral(" -.:_*,\u00f1\u00d1\u00e1\u0131\u017f"), "");
+    fila(FiltroTecla::SenalSinBarra, "ff78/ab", "FF78AB");
+    fila(FiltroTecla::Fecha, "15-03/2024a:", "1503/2024");
+    fila(FiltroTecla::Hora, "21:30/a.", "21:30");
+    fila(FiltroTecla::Digitos, "6.5/:a", "65");
+    fila(FiltroTecla::DigitosConSigno, "-3.5+a/", "-35+");
 }
 
 void TestEntrada::filtrarTecla()
@@ -90,7 +91,7 @@ void TestEntrada::teclearGrilla()
     QFETCH(QString, campo);
     const bool refusada = campo.endsWith(u'!');
     campo.chop(refusada ? 1 : 0);
-    const QString escrito = Teclear(FiltroTecla::ASinBarra, teclas, true);
+    const QString escrito = Teclear(FiltroTecla::SenalSinBarra, teclas, true);
     QCOMPARE(escrito, campo);
     QCOMPARE(GrillaAceptable(escrito), !refusada);
     QCOMPARE(MensajeGrilla(), QStringLiteral("Grilla incorrecta!"));

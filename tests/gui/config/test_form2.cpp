@@ -1,8 +1,7 @@
-// The configuration window over a temporary folder with fake services: the first start,
-// the checks of Guardar and Cancelar, the account test against a loopback server and the
-// settings read into the controls and saved back.
+// The configuration window over a temporary folder with fake services and no main window:
+// the first start, the checks of Guardar and Cancelar, what reaches the context and when,
+// the account test against a loopback server and the settings read and saved.
 
-#include "core/config/EnlacePrincipal.h"
 #include "core/platform/ArchivoTexto.h"
 #include "gui/config/Form2.h"
 #include "support/ContextoPrueba.h"
@@ -15,30 +14,22 @@
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
 
 namespace {
 
-// The main window as the configuration window sees it.
-class PrincipalFalso : public EnlacePrincipal
-{
-public:
-    int ValorNoBorrar() const override { return noBorrar; }
-    void PonerNoBorrar(int valor) override { noBorrar = valor; }
-    void AplicarConfiguracion(const QString &estacion, const QString &operador,
-                              const QString &logenUso, const QString &grid, int pantalla) override
-    {
-        aplicada = QStringList{estacion, operador, logenUso, grid, QString::number(pantalla)};
-    }
-    void PonerPresencia(bool habilitada) override { presencia << habilitada; }
-
-    int noBorrar = 0;
-    QStringList aplicada;
-    QList<bool> presencia;
-};
-
 using Tipo = LlamadaDialogo::Tipo;
+
+// What the window asked of the presence messages, in order.
+QList<bool> Presencia(const QSignalSpy &espia)
+{
+    QList<bool> pedidos;
+    for (const QList<QVariant> &senal : espia)
+        pedidos << senal.at(0).toBool();
+    return pedidos;
+}
 
 } // namespace
 
@@ -51,6 +42,7 @@ private Q_SLOTS:
     void primerInicio();
     void comprobaciones_data();
     void comprobaciones();
+    void laCopiaLlegaAlContextoAlGuardar();
     void leerYGuardar();
     void probar_data();
     void probar();
@@ -60,18 +52,18 @@ void TestForm2::primerInicio_data()
 {
     QTest::addColumn<bool>("guardar");
     QTest::newRow("cancelar termina") << false;
-    QTest::newRow("guardar funda el log") << true;
+    QTest::newRow("guardar elige el log") << true;
 }
 
 void TestForm2::primerInicio()
 {
     QFETCH(bool, guardar);
     ContextoPrueba prueba;
-    PrincipalFalso principal;
     QList<int> terminado;
     prueba->Terminar = [&](int codigo) { terminado << codigo; };
     prueba->ConfigInicial = true;
-    Form2 f(prueba.ctx(), principal);
+    Form2 f(prueba.ctx());
+    QSignalSpy presencia(&f, &Form2::PresenciaPedida);
     CuandoAparezcaModal([&](QWidget *) {
         QTest::keyClicks(f.Text1, QStringLiteral("lu1abc"));
         (guardar ? f.Command1 : f.Command2)->click();
@@ -80,13 +72,17 @@ void TestForm2::primerInicio()
     QCOMPARE(terminado, guardar ? QList<int>{} : QList<int>{0});
     const auto lineas = LeerLineas(prueba.Archivo(QStringLiteral("config.ini")));
     QCOMPARE(lineas.has_value(), guardar);
-    QCOMPARE(principal.presencia, guardar ? QList<bool>{true} : QList<bool>{});
-    if (!guardar)
+    QCOMPARE(Presencia(presencia), guardar ? QList<bool>{true} : QList<bool>{});
+    // Saving the settings writes no row: the first log is founded where it is needed.
+    QVERIFY(prueba->almacen().Logs().isEmpty());
+    if (!guardar) {
+        QCOMPARE(prueba->config(), Configuracion{});
+        QVERIFY(prueba->LogenUso.isEmpty());
         return;
+    }
     QVERIFY(!prueba->ConfigInicial);
+    QCOMPARE(prueba->config().Estacion, QStringLiteral("LU1ABC"));
     QCOMPARE(prueba->LogenUso, QStringLiteral("Log inicial"));
-    QCOMPARE(prueba->almacen().Logs(), QStringList{QStringLiteral("Log inicial")});
-    QCOMPARE(principal.aplicada.value(0), QStringLiteral("LU1ABC"));
     QCOMPARE(lineas->value(3), QStringLiteral("LogenUso=Log inicial"));
     QCOMPARE(lineas->value(16), QStringLiteral("Puerto  =NINGUNO")); // the lists are filled
 }
@@ -124,8 +120,9 @@ void TestForm2::comprobaciones()
     QFETCH(QString, mensaje);
     QFETCH(QString, foco);
     ContextoPrueba prueba;
-    PrincipalFalso principal;
-    Form2 f(prueba.ctx(), principal);
+    Form2 f(prueba.ctx());
+    QSignalSpy presencia(&f, &Form2::PresenciaPedida);
+    QSignalSpy aplicada(&f, &Form2::ConfiguracionAplicada);
     f.show();
     f.Text1->setText(estacion);
     f.Text2->setText(operador);
@@ -140,35 +137,72 @@ void TestForm2::comprobaciones()
     QCOMPARE(f.isVisible(), tipo >= 0);
     if (tipo < 0) {
         QVERIFY(d.llamadas.isEmpty());
+        // Both buttons keep the edits: the context holds them and is announced once.
+        QCOMPARE(prueba->config().Estacion, estacion);
+        QCOMPARE(aplicada.size(), 1);
         // Guardar turns the presence messages on, Cancelar off.
-        QCOMPARE(principal.presencia, QList<bool>{!cancelar});
+        QCOMPARE(Presencia(presencia), QList<bool>{!cancelar});
         return;
     }
     QCOMPARE(d.llamadas.size(), 1);
     QCOMPARE(int(d.llamadas[0].tipo), tipo);
     QCOMPARE(d.llamadas[0].texto, mensaje);
     QCOMPARE(f.focusWidget()->objectName(), foco);
-    QVERIFY(principal.presencia.isEmpty());
+    // A refused callsign leaves the context as it was.
+    QCOMPARE(prueba->config(), Configuracion{});
+    QVERIFY(aplicada.isEmpty());
+    QVERIFY(presencia.isEmpty());
+}
+
+void TestForm2::laCopiaLlegaAlContextoAlGuardar()
+{
+    ContextoPrueba prueba;
+    QVERIFY(prueba.Escribir("config.ini", "Estacion=LU1ABC\r\nDiferUTC=-3\r\nPuerto  =COM2\r\n"
+                                          "PinPTT  =0\r\nArcAudio=/cq/viejo.wav\r\n"));
+    Form2 f(prueba.ctx());
+    f.LeerConfiguracion();
+    prueba->config().NoBorrar = 1; // the main window's box, not edited here
+    const Configuracion antes = prueba->config();
+    f.Text1->setText(QStringLiteral("LU9ZZ"));
+    f.Text3->setText(QStringLiteral("-5"));
+    f.RTS->setChecked(true);
+    f.Label6->setText(QStringLiteral("/cq/nuevo.wav"));
+    // While the window edits, the settings every window reads are the old ones...
+    QCOMPARE(prueba->config(), antes);
+    // ...but the PTT trial keys the line ticked here.
+    f.Command8_MouseDown();
+    f.Command8_MouseUp();
+    QCOMPARE(prueba.falsos.puertoPTT->historial.mid(2), (QStringList{"RTS1", "RTS0"}));
+
+    f.Command1->click();
+    Configuracion esperada = antes;
+    esperada.Estacion = QStringLiteral("LU9ZZ");
+    esperada.DiferUTC = QStringLiteral("-5");
+    esperada.PinPTT = 1;
+    esperada.ArcAudio = QStringLiteral("/cq/nuevo.wav");
+    QCOMPARE(prueba->config(), esperada);
+    QVERIFY(prueba.Leer(QStringLiteral("config.ini")).contains("\r\nNoBorrar=1\r\n"));
 }
 
 void TestForm2::leerYGuardar()
 {
     ContextoPrueba prueba;
-    PrincipalFalso principal;
     QVERIFY(prueba.Escribir("config.ini",
                             "Estacion=lu1abc\r\nOperador=LU2DEF\r\nLogenUso=Mi log\r\n"
                             "GridLoca=GF05AB\r\nNoBorrar=1\r\nPantalla=1\r\nHAMQuser=q\r\n"
                             "HAMQpass=\xb9\xba\x9c\r\nLBNQuser=l\r\nLBNQpass=\xb9\r\n"
                             "Puerto  =COM2\r\nPinPTT  =1\r\nTAntes  =300\r\nTDespues=700\r\n"));
-    Form2 f(prueba.ctx(), principal);
+    Form2 f(prueba.ctx());
+    QSignalSpy aplicada(&f, &Form2::ConfiguracionAplicada);
     f.LeerConfiguracion();
+    QCOMPARE(aplicada.size(), 1);
     QCOMPARE(f.Text1->text() + f.Text5->text() + f.Text8->text(), QStringLiteral("lu1abcql"));
     QCOMPARE(f.Text6->text() + '|' + f.Text7->text(), QStringLiteral("abc|a"));
     QVERIFY(f.panta->isChecked() && f.RTS->isChecked() && !f.DTR->isChecked());
     QCOMPARE(f.Combo2->currentText(), QStringLiteral("700")); // not in the list, kept
     QCOMPARE(prueba->LogenUso, QStringLiteral("Mi log"));
-    QCOMPARE(principal.noBorrar, 1);
-    QCOMPARE(principal.aplicada, (QStringList{"LU1ABC", "LU2DEF", "Mi log", "GF05AB", "1"}));
+    QCOMPARE(prueba->config().NoBorrar, 1);
+    QCOMPARE(f.Valores(), prueba->config());
     // The PTT line is opened with both lines off, and keys on RTS as set.
     f.Command8_MouseDown();
     f.Command8_MouseUp();
@@ -177,8 +211,7 @@ void TestForm2::leerYGuardar()
 
     // Saved and read by a fresh window, every value comes back, the callsign raised.
     QVERIFY(f.GuardarConfiguracion());
-    PrincipalFalso otro;
-    Form2 g(prueba.ctx(), otro);
+    Form2 g(prueba.ctx());
     g.LeerConfiguracion();
     Configuracion esperada = f.Valores();
     esperada.Estacion = QStringLiteral("LU1ABC");
@@ -199,8 +232,7 @@ void TestForm2::probar()
     servidor.ResponderPrefijo("/php/carancho_c2.php", "<html><body>Bienvenido</body></html>");
     servidor.Callar(!responde);
     ContextoPrueba prueba(servidor.Base(), true);
-    PrincipalFalso principal;
-    Form2 f(prueba.ctx(), principal);
+    Form2 f(prueba.ctx());
     f.Text1->setText(QStringLiteral("LU1ABC"));
     f.user_lbn->setText(QStringLiteral("yo@x.ar"));
     f.pass_lbn->setText(QStringLiteral("100%&mas"));

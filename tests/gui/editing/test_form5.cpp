@@ -11,6 +11,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -143,6 +144,8 @@ private Q_SLOTS:
     void grillaAlTeclear();
     void valoresParaElLector();
     void f5TrasArrancarYTrasIngresar();
+    void abreLaFilaGuardada_data();
+    void abreLaFilaGuardada();
     void qsl_data();
     void qsl();
 };
@@ -362,6 +365,44 @@ void TestForm5::f5TrasArrancarYTrasIngresar()
              qPrintable(visto));
     QVERIFY2(visto.contains(QStringLiteral(" de SSB,FM,CW,Sat |")), qPrintable(visto));
     QVERIFY2(v.d().llamadas.isEmpty(), qPrintable(v.d().UltimoTexto()));
+}
+
+void TestForm5::abreLaFilaGuardada_data()
+{
+    QTest::addColumn<bool>("conF5");
+    QTest::newRow("doble clic") << false;
+    QTest::newRow("F5") << true;
+}
+
+void TestForm5::abreLaFilaGuardada()
+{
+    QFETCH(bool, conF5);
+    Ventana v(3);
+    const qint64 id = v.IdDeFila(0); // LU2XX, the newest: what F5 edits before any entry
+    // The row changes in the store after the view was drawn, and the view is sorted so
+    // that the row stands elsewhere: the window shows the row as stored, by its id.
+    RegistroQSO q = QSO(QStringLiteral("LU2XX"), QDate(2024, 1, 3));
+    q.Obs = QStringLiteral("it's \"ok\"\t73 ");
+    QVERIFY(v.p->almacen().ActualizarQSO(id, q));
+    QVERIFY(v.p->almacen().MarcarLbN(id, 2));
+    Q_EMIT v.f->ListView2->header()->sectionClicked(2);
+    Q_EMIT v.f->ListView2->header()->sectionClicked(2);
+    QTreeWidgetItem *fila = v.f->ListView2->topLevelItem(0);
+    QCOMPARE(fila->text(2), QStringLiteral("LU2XX"));
+    QVERIFY(fila->text(12).isEmpty()); // the cell still shows what was drawn
+
+    QString visto, obs;
+    EnLaEdicion(visto, v.p.ctx(), [&obs](Form5 *e) { obs = e->Text8->text(); });
+    if (conF5)
+        v.f->EditarUltimoQSO();
+    else
+        Q_EMIT v.f->ListView2->itemDoubleClicked(fila, 2);
+    QVERIFY2(visto.startsWith(
+                 QStringLiteral("lista | Edición de QSO #%1 | LU2XX 03/01/2024 10:00").arg(id)),
+             qPrintable(visto));
+    QVERIFY2(visto.endsWith(QStringLiteral(" | SI/SI")), qPrintable(visto));
+    QCOMPARE(obs, q.Obs);
+    QCOMPARE(v.edicion->Id(), id);
 }
 
 void TestForm5::qsl_data()

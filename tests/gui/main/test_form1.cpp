@@ -1,7 +1,6 @@
 // The main window driven as an operator drives it: keys into the fields, Enter, the
 // navigator, the closing roads. Fake services answer every message and question.
 #include "core/rules/Validacion.h"
-#include "gui/config/Form2.h"
 #include "gui/main/Form1.h"
 #include "gui/main/Form18.h"
 #include "gui/platform/DialogosQt.h"
@@ -180,6 +179,10 @@ private Q_SLOTS:
     void elSiguienteArranqueSigueDondeQuedo();
     void arranqueConMemoria_data();
     void arranqueConMemoria();
+    void primerInicioEligeElPrimerLog();
+    void ajustesDelContexto();
+    void llamadorConF1YEsc_data();
+    void llamadorConF1YEsc();
     void tecleoAlAzarNoRompeNiPierde();
 };
 
@@ -469,8 +472,9 @@ void TestForm1::nombresParaElLector()
     QFETCH(QString, control);
     QFETCH(QString, nombre);
     Ventana v;
-    QWidget *raiz =
-        ventana == QLatin1String("Form1") ? static_cast<QWidget *>(v.f.get()) : v.f->form2();
+    QWidget *raiz = ventana == QLatin1String("Form1") ? static_cast<QWidget *>(v.f.get())
+                                                      : v.f->findChild<QWidget *>(ventana);
+    QVERIFY(raiz);
     auto *w = raiz->findChild<QWidget *>(control);
     QVERIFY(w);
     QAccessibleInterface *lector = QAccessible::queryAccessibleInterface(w);
@@ -802,7 +806,7 @@ void TestForm1::presencia()
 {
     QFETCH(QString, estacion);
     Ventana v;
-    v.f->form2()->Text1->setText(estacion);
+    v.p->config().Estacion = estacion;
     const QString titulo = v.f->windowTitle();
     v.f->Timer7_Timer();
     QVERIFY(!v.f->Timer7->isActive());
@@ -912,6 +916,104 @@ void TestForm1::arranqueConMemoria()
     QVERIFY(!v.f->ModoSatelite);
 }
 
+void TestForm1::primerInicioEligeElPrimerLog()
+{
+    Ventana v(false);
+    QVERIFY(v.p->almacen().Logs().isEmpty());
+    CuandoAparezcaModal([](QWidget *form2) {
+        QTest::keyClicks(form2->findChild<QLineEdit *>(QStringLiteral("Text1")),
+                         QStringLiteral("lu1abc"));
+        form2->findChild<QPushButton *>(QStringLiteral("Command1"))->click();
+    });
+    v.f->Timer2_Timer();
+    QVERIFY(!v.p->ConfigInicial);
+    QCOMPARE(v.f->Label2->text(), QStringLiteral("LU1ABC"));
+    QCOMPARE(v.f->Frame1->title(), QStringLiteral("Log inicial"));
+    // The first log is offered by the list of logs before its first QSO.
+    QCOMPARE(v.p->almacen().Logs(), QStringList{QStringLiteral("Log inicial")});
+    QVERIFY(v.f->Timer7->isActive()); // the presence messages are on their way
+    QVERIFY(v.f->archivo->menuAction()->isEnabled());
+}
+
+void TestForm1::ajustesDelContexto()
+{
+    // Settings put straight into the context, with no config.ini and no configuration
+    // window: the main window shows and uses them.
+    Ventana v(false);
+    Configuracion &cfg = v.p->config();
+    cfg.Estacion = QStringLiteral("lu3cc");
+    cfg.DiferUTC = QStringLiteral("+2");
+    cfg.GridLoca = QStringLiteral("GF05");
+    cfg.NoBorrar = 7;
+    v.p->LogenUso = QStringLiteral("Pruebas");
+    v.f->AplicarConfiguracion();
+    v.f->Timer1_Timer();
+    QCOMPARE(v.f->Label2->text(), QStringLiteral("LU3CC"));
+    QCOMPARE(v.f->Hora->text(), QStringLiteral("12:30")); // 14:30 local, two hours east
+    // The box holds 0 or 1, and the settings follow the box.
+    QVERIFY(v.f->Check3->isChecked());
+    QCOMPARE(cfg.NoBorrar, 1);
+    v.f->Check3->click();
+    QCOMPARE(cfg.NoBorrar, 0);
+
+    v.f->Corresponsal->setText(QStringLiteral("LU5FF"));
+    v.f->Command2->click();
+    const auto q = v.p->almacen().UltimoQSO(QStringLiteral("Pruebas"));
+    QVERIFY(q);
+    QCOMPARE(q->MyCall + ' ' + q->MiGrid + ' ' + q->Hora, QStringLiteral("LU3CC GF05 12:30:00"));
+    v.f->Timer7_Timer();
+    v.f->Timer5_Timer();
+    QVERIFY(v.p.falsos.web->Direcciones().last().contains(QLatin1String("qrz=lu3cc&")));
+}
+
+void TestForm1::llamadorConF1YEsc_data()
+{
+    QTest::addColumn<int>("pin");
+    QTest::addColumn<QString>("archivo");   // "bueno", "falla" (does not open), "vacio"
+    QTest::addColumn<QStringList>("linea"); // the PTT line after F1, then Esc
+    const QStringList conRTS{"RTS1", "RTS0"}, conDTR{"DTR1", "DTR0"};
+    QTest::newRow("pin 1: RTS") << 1 << "bueno" << conRTS;
+    QTest::newRow("pin 0: DTR") << 0 << "bueno" << conDTR;
+    QTest::newRow("pin 2: DTR") << 2 << "bueno" << conDTR;
+    // Nothing to play keys nothing, but Esc lets the line go all the same.
+    QTest::newRow("archivo que no abre") << 1 << "falla" << QStringList{"RTS0"};
+    QTest::newRow("archivo de largo 0") << 0 << "vacio" << QStringList{"DTR0"};
+}
+
+void TestForm1::llamadorConF1YEsc()
+{
+    QFETCH(int, pin);
+    QFETCH(QString, archivo);
+    QFETCH(QStringList, linea);
+    Ventana v;
+    LineaSerieFalsa &ptt = *v.p.falsos.puertoPTT;
+    ReproductorFalso &reproductor = *v.p.falsos.reproductor;
+    QVERIFY(ptt.Abrir(QStringLiteral("COM3")));
+    const QString audio = QStringLiteral("/cq/llamada.wav");
+    v.p->config().ArcAudio = audio;
+    v.p->config().PinPTT = pin;
+    if (archivo == QLatin1String("falla"))
+        reproductor.archivosQueFallan << audio;
+    if (archivo == QLatin1String("vacio"))
+        reproductor.longitud = 0;
+    const bool suena = archivo == QLatin1String("bueno");
+
+    v.Tecla(Qt::Key_F1);
+    QStringList ordenes{"Cerrar", "Abrir " + audio};
+    if (archivo != QLatin1String("falla"))
+        ordenes << "Rebobinar";
+    if (suena)
+        ordenes << "Reproducir";
+    QCOMPARE(reproductor.ordenes, ordenes);
+    // The end of the file keeps the transmitter keyed: only Esc lets it go.
+    if (suena)
+        reproductor.Terminar();
+    QCOMPARE(ptt.historial, linea.mid(0, linea.size() - 1));
+    v.Tecla(Qt::Key_Escape);
+    QCOMPARE(ptt.historial, linea);
+    QCOMPARE(reproductor.ordenes.mid(ordenes.size()), (QStringList{"Detener", "Cerrar"}));
+}
+
 void TestForm1::tecleoAlAzarNoRompeNiPierde()
 {
     Ventana v;
@@ -922,7 +1024,9 @@ void TestForm1::tecleoAlAzarNoRompeNiPierde()
                                 Qt::Key_Home,   Qt::Key_End,    Qt::Key_Backspace,
                                 Qt::Key_Escape, Qt::Key_F1,     Qt::Key_Delete};
     const QString caracteres = QStringLiteral("lu0123456789abcxyzW/:,.'?- ");
-    QRandomGenerator azar(4242);
+    const quint32 semilla = 4242;
+    qInfo("semilla %u", semilla);
+    QRandomGenerator azar(semilla);
     for (int i = 0; i < 1500; ++i) {
         QWidget *foco = v.Foco() ? v.Foco() : v.f.get();
         const int suerte = azar.bounded(6);
