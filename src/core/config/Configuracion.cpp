@@ -65,7 +65,8 @@ const QStringList &ClavesConfiguracion()
 
 void LeerConfiguracion(const QString &archivo, Configuracion &cfg, QString &logenUso)
 {
-    const std::optional<QStringList> lineas = LeerLineas(archivo);
+    // A missing or unreadable file changes nothing: the window keeps what it holds.
+    const Resultado<QStringList> lineas = LeerLineas(archivo);
     if (!lineas)
         return;
     const QStringList &claves = ClavesConfiguracion();
@@ -190,18 +191,15 @@ QStringList LineasConfiguracion(const Configuracion &cfg, const QString &logenUs
     };
 }
 
-bool GuardarConfiguracion(const QString &archivo, const Configuracion &cfg, QString &logenUso,
-                          Almacen &almacen)
+Resultado<> GuardarConfiguracion(const QString &archivo, const Configuracion &cfg,
+                                 QString &logenUso, Almacen &almacen)
 {
     if (logenUso.isEmpty()) {
         // A log exists by its placeholder row, so the first one is founded here.
-        logenUso = QStringLiteral("Log inicial");
-        almacen.AgregarLogVacio(logenUso);
+        const QString inicial = QStringLiteral("Log inicial");
+        if (const Resultado<qint64> vacio = almacen.AgregarLogVacio(inicial); !vacio)
+            return Fallo{vacio.Mensaje()};
+        logenUso = inicial;
     }
     return EscribirLineas(archivo, LineasConfiguracion(cfg, logenUso));
-}
-
-QString MensajeConfiguracionNoGuardada(const QString &archivo)
-{
-    return QStringLiteral("No se pudo guardar la configuración en:\r\n\r\n") + archivo;
 }

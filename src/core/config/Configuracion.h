@@ -4,6 +4,8 @@
 // its '=', so a value always starts at column 10. The configuration window holds these
 // values at run time; this is the file side of it.
 
+#include "core/platform/Resultado.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -51,10 +53,7 @@ void LeerConfiguracion(const QString &archivo, Configuracion &cfg, QString &loge
 QStringList LineasConfiguracion(const Configuracion &cfg, const QString &logenUso);
 
 // Writes the file whole. With no log in use, "Log inicial" becomes the log in use and is
-// founded in the store by its placeholder row first. False when the file could not be
-// written: the caller tells the operator, and the file on disk is left as it was.
-bool GuardarConfiguracion(const QString &archivo, const Configuracion &cfg, QString &logenUso,
-                          Almacen &almacen);
-
-// The message for a config.ini that could not be written.
-QString MensajeConfiguracionNoGuardada(const QString &archivo);
+// founded in the store by its placeholder row first. On failure the file on disk is left
+// as it was (and so is logenUso when the log could not be founded).
+Resultado<> GuardarConfiguracion(const QString &archivo, const Configuracion &cfg,
+                                 QString &logenUso, Almacen &almacen);

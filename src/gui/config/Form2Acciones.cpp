@@ -154,13 +154,13 @@ bool Form2::GuardarConfiguracion()
     const Configuracion cfg = Valores();
     QString logenUso = ctx.LogenUso;
     const QString archivo = ctx.Archivo(QStringLiteral("config.ini"));
-    const bool bien = ::GuardarConfiguracion(archivo, cfg, logenUso, ctx.almacen());
+    const Resultado<> r = ::GuardarConfiguracion(archivo, cfg, logenUso, ctx.almacen());
     ctx.LogenUso = logenUso;
     principal.AplicarConfiguracion(cfg.Estacion.toUpper(), cfg.Operador.toUpper(), ctx.LogenUso,
                                    cfg.GridLoca, cfg.Pantalla);
-    if (!bien)
-        ctx.dialogos().Exclamacion(MensajeConfiguracionNoGuardada(archivo));
-    return bien;
+    if (!r)
+        ctx.dialogos().Exclamacion(r.Mensaje());
+    return r.Exito();
 }
 
 int Form2::Mostrar()

@@ -146,12 +146,13 @@ MemoriaEntrada Form1::MemoriaActual() const
 
 void Form1::GuardarMemEntrada()
 {
-    GuardarMem(ctx.Carpeta(), MemoriaActual());
+    // A memory file only spares some typing at the next start: no message over it.
+    static_cast<void>(GuardarMem(ctx.Carpeta(), MemoriaActual()));
 }
 
 void Form1::GuardarMemFinal()
 {
-    GuardarMemSalida(ctx.Carpeta(), MemoriaActual());
+    static_cast<void>(GuardarMemSalida(ctx.Carpeta(), MemoriaActual()));
 }
 
 QString Form1::SenalPropia() const

@@ -8,6 +8,7 @@
 #include "core/platform/ArchivoTexto.h"
 #include "support/ContextoPrueba.h"
 
+#include <QDir>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QTest>
@@ -157,8 +158,12 @@ void TestConfig::configuracionIdaYVuelta()
     c.Estacion = QStringLiteral("LU1ABC");
     QCOMPARE(leida, c);
     QCOMPARE(logLeido, log);
-    // A folder that is not there: nothing written, and the caller is told.
-    QVERIFY(!GuardarConfiguracion(prueba.Archivo("falta/config.ini"), c, log, prueba->almacen()));
+    // A folder that is not there: nothing written, and the caller is told in Spanish.
+    const QString falta = prueba.Archivo("falta/config.ini");
+    QVERIFY(GuardarConfiguracion(falta, c, log, prueba->almacen())
+                .Mensaje()
+                .startsWith(QStringLiteral("No se pudo guardar el archivo %1.\r\n\r\n")
+                                .arg(QDir::toNativeSeparators(falta))));
 }
 
 void TestConfig::configuracionArchivosRaros_data()

@@ -79,7 +79,7 @@ void TestForm2::primerInicio()
     QCOMPARE(f.Mostrar(), guardar ? 1 : 0);
     QCOMPARE(terminado, guardar ? QList<int>{} : QList<int>{0});
     const auto lineas = LeerLineas(prueba.Archivo(QStringLiteral("config.ini")));
-    QCOMPARE(lineas.has_value(), guardar);
+    QCOMPARE(lineas.Exito(), guardar);
     QCOMPARE(principal.presencia, guardar ? QList<bool>{true} : QList<bool>{});
     if (!guardar)
         return;
