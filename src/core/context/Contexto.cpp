@@ -30,18 +30,19 @@ QString Contexto::Archivo(const QString &nombre) const
     return QDir(carpeta_).filePath(nombre);
 }
 
-QString Contexto::PrepararCarpeta() const
+Resultado<> Contexto::PrepararCarpeta() const
 {
     if (!QDir().mkpath(carpeta_))
-        return QStringLiteral("No se puede crear la carpeta del programa:\r\n\r\n") + carpeta_;
+        return Fallo{QStringLiteral("No se puede crear la carpeta del programa:\r\n\r\n") +
+                     carpeta_};
     QTemporaryFile prueba(Archivo(QStringLiteral("prueba_XXXXXX")));
     if (!prueba.open())
-        return QStringLiteral("No se puede escribir en la carpeta del programa:\r\n\r\n") +
-               carpeta_;
+        return Fallo{QStringLiteral("No se puede escribir en la carpeta del programa:\r\n\r\n") +
+                     carpeta_ + QStringLiteral("\r\n\r\n") + prueba.errorString()};
     return {};
 }
 
-QString Contexto::AbrirAlmacen()
+Resultado<> Contexto::AbrirAlmacen()
 {
     return almacen_.Abrir(Archivo(QStringLiteral("base0.db")));
 }

@@ -11,6 +11,7 @@
 #include "core/platform/LineaSerie.h"
 #include "core/platform/Reloj.h"
 #include "core/platform/Reproductor.h"
+#include "core/platform/Resultado.h"
 #include "core/store/Almacen.h"
 
 #include <QString>
@@ -43,10 +44,10 @@ public:
     QString Carpeta() const { return carpeta_; }
     // A file of the program folder.
     QString Archivo(const QString &nombre) const;
-    // Makes the folder and checks that it can be written; a Spanish message otherwise.
-    QString PrepararCarpeta() const;
-    // Opens base0.db, creating it when missing; a Spanish message on failure.
-    QString AbrirAlmacen();
+    // Makes the folder and checks that it can be written.
+    Resultado<> PrepararCarpeta() const;
+    // Opens base0.db, creating it when missing.
+    Resultado<> AbrirAlmacen();
 
     Almacen &almacen() { return almacen_; }
     Dialogos &dialogos() { return *servicios_.dialogos; }

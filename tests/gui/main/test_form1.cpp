@@ -5,6 +5,7 @@
 #include "gui/main/Form1.h"
 #include "gui/main/Form18.h"
 #include "support/ContextoPrueba.h"
+#include "support/Hecho.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -74,7 +75,7 @@ struct Ventana
             q.Banda = QStringLiteral("40m");
             q.Fecha = QDate(2024, 1, 1).addDays(i).toString(QStringLiteral("dd/MM/yyyy"));
             q.Hora = QStringLiteral("10:00:00");
-            p->almacen().AgregarQSO(q, log);
+            Hecho(p->almacen().AgregarQSO(q, log));
         }
         f->ListView2->clear();
         f->CargarLog(1);
