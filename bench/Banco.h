@@ -1,12 +1,34 @@
 #pragma once
 // What the benchmarks share: the QSOs of a large made-up log, and the size argument.
 
+#include "core/platform/Resultado.h"
 #include "core/store/RegistroQSO.h"
 
 #include <QDate>
 #include <algorithm>
+#include <cstdio>
 #include <cstdlib>
+#include <utility>
 #include <vector>
+
+// A step of the preparation that must not fail: its value, or the run stops with its
+// message (figures over a half-built log would mislead).
+template<typename T> T Exigir(Resultado<T> r)
+{
+    if (!r) {
+        std::fprintf(stderr, "%s\n", qPrintable(r.Mensaje()));
+        std::exit(1);
+    }
+    return std::move(r.Valor());
+}
+
+inline void Exigir(const Resultado<> &r)
+{
+    if (!r) {
+        std::fprintf(stderr, "%s\n", qPrintable(r.Mensaje()));
+        std::exit(1);
+    }
+}
 
 // Row i: three QSOs a minute from 2005 on, 10 call areas and 26^3 suffixes, so that a
 // callsign has a handful of QSOs in a million and a four-character prefix some thousands.

@@ -42,21 +42,20 @@ void Preparar(const QString &carpeta, qint64 qsos)
     QDir().mkpath(carpeta);
     {
         Almacen a;
-        a.Abrir(carpeta + QStringLiteral("/base0.db"));
-        if (a.CantidadQSOs(kLog) == qsos)
+        if (a.Abrir(carpeta + QStringLiteral("/base0.db")) && a.CantidadQSOs(kLog) == qsos)
             return;
         a.Cerrar();
     }
     QFile::remove(carpeta + QStringLiteral("/base0.db"));
     Almacen a;
-    a.Abrir(carpeta + QStringLiteral("/base0.db"));
+    Exigir(a.Abrir(carpeta + QStringLiteral("/base0.db")));
     std::printf("Armando una base de %lld QSOs ...\n", static_cast<long long>(qsos));
     std::fflush(stdout);
-    a.IniciarTransaccion();
-    a.AgregarLogVacio(kLog);
+    Exigir(a.IniciarTransaccion());
+    Exigir(a.AgregarLogVacio(kLog));
     for (qint64 i = 0; i < qsos; ++i)
-        a.AgregarQSO(QsoDePrueba(i), kLog);
-    a.ConfirmarTransaccion();
+        Exigir(a.AgregarQSO(QsoDePrueba(i), kLog));
+    Exigir(a.ConfirmarTransaccion());
 }
 
 } // namespace
@@ -80,7 +79,7 @@ int main(int argc, char **argv)
     ServiciosFalsos falsos;
     falsos.bomba->procesarEventos = true;
     Contexto ctx(carpeta, falsos.Tomar());
-    ctx.AbrirAlmacen();
+    Exigir(ctx.AbrirAlmacen());
     Form1 f(ctx);
     f.show();
     f.Timer2_Timer(); // the tick that reads config.ini and loads the log
@@ -140,6 +139,6 @@ int main(int argc, char **argv)
     // Leave the log as it was for the next run.
     for (const FilaQSO &q : ctx.almacen().PaginaLog(kLog, 1, 50))
         if (q.Estacion.endsWith(QLatin1String("XYZ")))
-            ctx.almacen().BorrarQSO(q.id);
+            Exigir(ctx.almacen().BorrarQSO(q.id));
     return 0;
 }

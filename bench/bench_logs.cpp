@@ -39,14 +39,14 @@ void Construir()
     QElapsedTimer reloj;
     reloj.start();
     const qint64 chicos = std::min<qint64>(g_qsos, qint64(kLogsChicos) * kQSOsPorLogChico);
-    a.IniciarTransaccion();
-    a.AgregarLogVacio(kLog);
+    Exigir(a.IniciarTransaccion());
+    Exigir(a.AgregarLogVacio(kLog));
     for (qint64 i = 0; i < g_qsos - chicos; ++i)
-        a.AgregarQSO(QsoDePrueba(i), kLog);
+        Exigir(a.AgregarQSO(QsoDePrueba(i), kLog));
     for (qint64 i = 0; i < chicos; ++i)
-        a.AgregarQSO(QsoDePrueba(i),
-                     QStringLiteral("Log %1").arg(i % kLogsChicos, 3, 10, QLatin1Char('0')));
-    a.ConfirmarTransaccion();
+        Exigir(a.AgregarQSO(QsoDePrueba(i), QStringLiteral("Log %1").arg(i % kLogsChicos, 3, 10,
+                                                                         QLatin1Char('0'))));
+    Exigir(a.ConfirmarTransaccion());
     std::printf("Base: %lld QSOs en %lld logs, hecha en %.1f s\n", static_cast<long long>(g_qsos),
                 static_cast<long long>(a.Logs().size()), reloj.nsecsElapsed() / 1e9);
     std::fflush(stdout);
@@ -83,7 +83,7 @@ void BM_ListaAbrirLogTrasAbrir(benchmark::State &estado)
     for (auto _ : estado) {
         estado.PauseTiming();
         g_almacen->Cerrar();
-        g_almacen->Abrir(g_archivo);
+        Exigir(g_almacen->Abrir(g_archivo));
         estado.ResumeTiming();
         benchmark::DoNotOptimize(ListaAbrirLog());
     }
@@ -138,11 +138,7 @@ int main(int argc, char **argv)
     g_archivo = carpeta.filePath(QStringLiteral("base0.db"));
     Almacen almacen;
     g_almacen = &almacen;
-    const QString mensaje = almacen.Abrir(g_archivo);
-    if (!mensaje.isEmpty()) {
-        std::fprintf(stderr, "%s\n", qPrintable(mensaje));
-        return 1;
-    }
+    Exigir(almacen.Abrir(g_archivo));
     Construir();
 
     const auto ms = benchmark::kMillisecond;

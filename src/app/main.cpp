@@ -52,11 +52,12 @@ int main(int argc, char *argv[])
     servicios.reproductor = std::make_unique<ReproductorQt>();
 
     Contexto contexto(Contexto::CarpetaPorDefecto(), std::move(servicios));
-    QString fallo = contexto.PrepararCarpeta();
-    if (fallo.isEmpty())
-        fallo = contexto.AbrirAlmacen();
-    if (!fallo.isEmpty()) {
-        contexto.dialogos().Alto(fallo + QStringLiteral("\r\n\r\nCarancho Radiolog se cerrará."));
+    Resultado<> listo = contexto.PrepararCarpeta();
+    if (listo)
+        listo = contexto.AbrirAlmacen();
+    if (!listo) {
+        contexto.dialogos().Alto(listo.Mensaje() +
+                                 QStringLiteral("\r\n\r\nCarancho Radiolog se cerrará."));
         return 1;
     }
 

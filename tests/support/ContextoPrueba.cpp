@@ -21,7 +21,7 @@ ContextoPrueba::ContextoPrueba(const QString &baseWeb, bool clienteWebReal)
         falsos.web = nullptr;
     }
     contexto_ = std::make_unique<Contexto>(carpeta_.path(), std::move(servicios));
-    falloAlmacen = contexto_->AbrirAlmacen();
+    falloAlmacen = contexto_->AbrirAlmacen().Mensaje();
 }
 
 ContextoPrueba::~ContextoPrueba() = default;

@@ -64,7 +64,8 @@ const QStringList &ClavesConfiguracion()
 
 void LeerConfiguracion(const QString &archivo, Configuracion &cfg, QString &logenUso)
 {
-    const std::optional<QStringList> lineas = LeerLineas(archivo);
+    // A missing or unreadable file changes nothing: the window keeps what it holds.
+    const Resultado<QStringList> lineas = LeerLineas(archivo);
     if (!lineas)
         return;
     const QStringList &claves = ClavesConfiguracion();
@@ -189,14 +190,10 @@ QStringList LineasConfiguracion(const Configuracion &cfg, const QString &logenUs
     };
 }
 
-bool GuardarConfiguracion(const QString &archivo, const Configuracion &cfg, QString &logenUso)
+Resultado<> GuardarConfiguracion(const QString &archivo, const Configuracion &cfg,
+                                 QString &logenUso)
 {
     if (logenUso.isEmpty())
         logenUso = LogInicial();
     return EscribirLineas(archivo, LineasConfiguracion(cfg, logenUso));
-}
-
-QString MensajeConfiguracionNoGuardada(const QString &archivo)
-{
-    return QStringLiteral("No se pudo guardar la configuración en:\r\n\r\n") + archivo;
 }

@@ -5,6 +5,8 @@
 // context (Contexto::config()), which every window reads; the configuration window edits a
 // copy and commits it. This is the file side of them.
 
+#include "core/platform/Resultado.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -58,10 +60,7 @@ inline QString LogInicial()
 }
 
 // Writes the file whole. With no log in use, "Log inicial" becomes the log in use; no row
-// is written for it here: the log comes into being when a window first needs it. False
-// when the file could not be written: the caller tells the operator, and the file on disk
-// is left as it was.
-bool GuardarConfiguracion(const QString &archivo, const Configuracion &cfg, QString &logenUso);
-
-// The message for a config.ini that could not be written.
-QString MensajeConfiguracionNoGuardada(const QString &archivo);
+// is written for it here: the log comes into being when a window first needs it. On
+// failure the caller tells the operator, and the file on disk is left as it was.
+Resultado<> GuardarConfiguracion(const QString &archivo, const Configuracion &cfg,
+                                 QString &logenUso);

@@ -12,7 +12,7 @@ QString Ruta(const QString &carpeta, const char *nombre)
     return QDir(carpeta).filePath(QString::fromLatin1(nombre));
 }
 
-bool EscribirUna(const QString &carpeta, const char *nombre, const QString &linea)
+Resultado<> EscribirUna(const QString &carpeta, const char *nombre, const QString &linea)
 {
     return EscribirLineas(Ruta(carpeta, nombre), {linea});
 }
@@ -33,22 +33,27 @@ int Casilla(const QString &texto)
 
 } // namespace
 
-bool GuardarMem(const QString &carpeta, const MemoriaEntrada &m)
+Resultado<> GuardarMem(const QString &carpeta, const MemoriaEntrada &m)
 {
     return EscribirLineas(Ruta(carpeta, "mem.ini"), {m.mhz + QLatin1Char('.') + m.khz, m.banda,
                                                      QString::number(m.check1), QString()});
 }
 
-bool GuardarMemSalida(const QString &carpeta, const MemoriaEntrada &m)
+Resultado<> GuardarMemSalida(const QString &carpeta, const MemoriaEntrada &m)
 {
-    bool bien = EscribirUna(carpeta, "memModo.cfg", m.modo);
-    bien = EscribirUna(carpeta, "memMhz.cfg", m.mhz) && bien;
-    bien = EscribirUna(carpeta, "memKhz.cfg", m.khz) && bien;
-    bien = EscribirUna(carpeta, "memqSat.cfg", QString::number(m.check2)) && bien;
-    return bien;
+    const Resultado<> escritos[] = {
+        EscribirUna(carpeta, "memModo.cfg", m.modo),
+        EscribirUna(carpeta, "memMhz.cfg", m.mhz),
+        EscribirUna(carpeta, "memKhz.cfg", m.khz),
+        EscribirUna(carpeta, "memqSat.cfg", QString::number(m.check2)),
+    };
+    for (const Resultado<> &r : escritos)
+        if (!r)
+            return r;
+    return {};
 }
 
-bool GuardarMemSat(const QString &carpeta, const QString &satelite)
+Resultado<> GuardarMemSat(const QString &carpeta, const QString &satelite)
 {
     return EscribirUna(carpeta, "memsat.ini", satelite);
 }

@@ -4,6 +4,8 @@
 // memMhz.cfg, memKhz.cfg and memqSat.cfg at the end of the run; memsat.ini when a
 // satellite is chosen. All lie in the program folder.
 
+#include "core/platform/Resultado.h"
+
 #include <QString>
 #include <optional>
 
@@ -33,12 +35,12 @@ struct MemoriaRestaurada
 };
 
 // mem.ini: the frequency "mhz.khz", the band, the QTR manual box and an empty line.
-bool GuardarMem(const QString &carpeta, const MemoriaEntrada &m);
-// The four .cfg files, in the order memModo, memMhz, memKhz, memqSat. False when any
-// could not be written; the others are still tried.
-bool GuardarMemSalida(const QString &carpeta, const MemoriaEntrada &m);
+Resultado<> GuardarMem(const QString &carpeta, const MemoriaEntrada &m);
+// The four .cfg files, in the order memModo, memMhz, memKhz, memqSat. When one cannot be
+// written the others are still tried, and the first failure is the answer.
+Resultado<> GuardarMemSalida(const QString &carpeta, const MemoriaEntrada &m);
 // memsat.ini: the satellite's name.
-bool GuardarMemSat(const QString &carpeta, const QString &satelite);
+Resultado<> GuardarMemSat(const QString &carpeta, const QString &satelite);
 // The first line of memsat.ini; empty text when the file is missing or empty.
 QString LeerMemSat(const QString &carpeta);
 

@@ -30,14 +30,15 @@ QString Contexto::Archivo(const QString &nombre) const
     return QDir(carpeta_).filePath(nombre);
 }
 
-QString Contexto::PrepararCarpeta() const
+Resultado<> Contexto::PrepararCarpeta() const
 {
     if (!QDir().mkpath(carpeta_))
-        return QStringLiteral("No se puede crear la carpeta del programa:\r\n\r\n") + carpeta_;
+        return Fallo{QStringLiteral("No se puede crear la carpeta del programa:\r\n\r\n") +
+                     carpeta_};
     QTemporaryFile prueba(Archivo(QStringLiteral("prueba_XXXXXX")));
     if (!prueba.open())
-        return QStringLiteral("No se puede escribir en la carpeta del programa:\r\n\r\n") +
-               carpeta_;
+        return Fallo{QStringLiteral("No se puede escribir en la carpeta del programa:\r\n\r\n") +
+                     carpeta_ + QStringLiteral("\r\n\r\n") + prueba.errorString()};
     return {};
 }
 
@@ -48,13 +49,10 @@ void Contexto::LeerConfiguracion()
 
 Resultado<> Contexto::GuardarConfiguracion()
 {
-    const QString archivo = Archivo(QStringLiteral("config.ini"));
-    if (!::GuardarConfiguracion(archivo, config_, LogenUso))
-        return Fallo{MensajeConfiguracionNoGuardada(archivo)};
-    return {};
+    return ::GuardarConfiguracion(Archivo(QStringLiteral("config.ini")), config_, LogenUso);
 }
 
-QString Contexto::AbrirAlmacen()
+Resultado<> Contexto::AbrirAlmacen()
 {
     return almacen_.Abrir(Archivo(QStringLiteral("base0.db")));
 }

@@ -46,10 +46,10 @@ public:
     QString Carpeta() const { return carpeta_; }
     // A file of the program folder.
     QString Archivo(const QString &nombre) const;
-    // Makes the folder and checks that it can be written; a Spanish message otherwise.
-    QString PrepararCarpeta() const;
-    // Opens base0.db, creating it when missing; a Spanish message on failure.
-    QString AbrirAlmacen();
+    // Makes the folder and checks that it can be written.
+    Resultado<> PrepararCarpeta() const;
+    // Opens base0.db, creating it when missing.
+    Resultado<> AbrirAlmacen();
 
     // The settings of config.ini: the one copy every window reads. The configuration
     // window edits one of its own and commits it here.

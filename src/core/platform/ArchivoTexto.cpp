@@ -1,5 +1,6 @@
 #include "core/platform/ArchivoTexto.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
@@ -49,16 +50,16 @@ QByteArray A1252(const QString &texto)
     return bytes;
 }
 
-std::optional<QStringList> LeerLineas(const QString &archivo)
+Resultado<QStringList> LeerLineas(const QString &archivo)
 {
+    const QString ruta = QDir::toNativeSeparators(archivo);
     if (!QFileInfo(archivo).isFile())
-        return std::nullopt;
+        return Fallo{QStringLiteral("No existe el archivo %1.").arg(ruta)};
     QFile f(archivo);
-    if (!f.open(QIODevice::ReadOnly))
-        return std::nullopt;
-    const QByteArray todo = f.readAll();
+    const QByteArray todo = f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
     if (f.error() != QFileDevice::NoError)
-        return std::nullopt;
+        return Fallo{
+            QStringLiteral("No se puede leer el archivo %1.\r\n\r\n%2").arg(ruta, f.errorString())};
 
     QStringList lineas;
     qsizetype inicio = 0;
@@ -77,7 +78,7 @@ std::optional<QStringList> LeerLineas(const QString &archivo)
     return lineas;
 }
 
-bool EscribirLineas(const QString &archivo, const QStringList &lineas)
+Resultado<> EscribirLineas(const QString &archivo, const QStringList &lineas)
 {
     QByteArray todo;
     for (const QString &linea : lineas) {
@@ -85,11 +86,10 @@ bool EscribirLineas(const QString &archivo, const QStringList &lineas)
         todo += "\r\n";
     }
     QSaveFile f(archivo);
-    if (!f.open(QIODevice::WriteOnly))
-        return false;
-    if (f.write(todo) != todo.size()) {
-        f.cancelWriting();
-        return false;
-    }
-    return f.commit();
+    if (f.open(QIODevice::WriteOnly) && f.write(todo) == todo.size() && f.commit())
+        return {};
+    const QString causa = f.errorString();
+    f.cancelWriting();
+    return Fallo{QStringLiteral("No se pudo guardar el archivo %1.\r\n\r\n%2")
+                     .arg(QDir::toNativeSeparators(archivo), causa)};
 }

@@ -5,10 +5,11 @@
 // 0x8F, 0x90, 0x9D) stand for U+0081, U+008D, … so that any byte read comes back written
 // as the same byte: a scrambled password may hold them.
 
+#include "core/platform/Resultado.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
-#include <optional>
 
 // Bytes to text, one character per byte; never fails.
 QString De1252(const QByteArray &bytes);
@@ -17,10 +18,10 @@ QString De1252(const QByteArray &bytes);
 QByteArray A1252(const QString &texto);
 
 // The lines of a file, without their line ends. A last line without a line end counts;
-// a line end at the very end of the file does not start another line. nullopt when the
+// a line end at the very end of the file does not start another line. A failure when the
 // file is missing or cannot be read.
-std::optional<QStringList> LeerLineas(const QString &archivo);
+Resultado<QStringList> LeerLineas(const QString &archivo);
 
 // Replaces the file with these lines, each followed by CRLF. The old file stays as it was
-// unless the new one was written whole. False when it could not be written.
-bool EscribirLineas(const QString &archivo, const QStringList &lineas);
+// unless the new one was written whole.
+Resultado<> EscribirLineas(const QString &archivo, const QStringList &lineas);

@@ -38,7 +38,18 @@ QString Citado(const QString &columna)
                                               : columna;
 }
 
-QString CrearTabla(const QString &tabla, bool grillas, bool dupe)
+// The late columns with their type, as added to an existing table; Tabla3 has Dupe too.
+QVector<QPair<QString, QString>> Tardias(bool dupe)
+{
+    QVector<QPair<QString, QString>> columnas;
+    for (const QString &c : kTardias)
+        columnas.append({c, kChar255});
+    if (dupe)
+        columnas.append({QStringLiteral("Dupe"), QStringLiteral(" CHAR(10) COLLATE NOCASE")});
+    return columnas;
+}
+
+QString CrearTabla(const QString &tabla, bool grillas, bool tardias, bool dupe)
 {
     QStringList partes = {QStringLiteral("id INTEGER PRIMARY KEY AUTOINCREMENT")};
     for (const QString &c : kColumnasPrimeras)
@@ -46,10 +57,9 @@ QString CrearTabla(const QString &tabla, bool grillas, bool dupe)
     if (grillas)
         for (const QString &c : kGrillas)
             partes << c + kTexto;
-    for (const QString &c : kTardias)
-        partes << c + kChar255;
-    if (dupe)
-        partes << QStringLiteral("Dupe CHAR(10) COLLATE NOCASE");
+    if (tardias)
+        for (const auto &[columna, tipo] : Tardias(dupe))
+            partes << columna + tipo;
     return QStringLiteral("CREATE TABLE IF NOT EXISTS %1 (%2)").arg(tabla, partes.join(u", "));
 }
 
@@ -107,10 +117,18 @@ const QStringList &Disparadores()
     return sql;
 }
 
-const char *const kLlenarCuentas =
-    "INSERT INTO CuentaLogs (\"Nombre Log\", Filas, QSOs, SinFecha) SELECT \"Nombre Log\", "
-    "COUNT(*), SUM(IFNULL(Modo<>'',0)), SUM(IFNULL(Modo<>'',0) AND (Fecha IS NULL OR Hora IS "
-    "NULL)) FROM Tabla1 WHERE \"Nombre Log\" IS NOT NULL GROUP BY \"Nombre Log\"";
+// The counts of the rows of Tabla1 that `donde` keeps, one row per log, by the very rule of
+// the triggers. A log is named as its first row names it (the bare column takes the row of
+// MIN(id)), as the insert trigger names it when that row comes.
+QString CuentasDeFilas(const char *donde)
+{
+    return QStringLiteral(
+               "INSERT INTO CuentaLogs (\"Nombre Log\", Filas, QSOs, SinFecha) "
+               "SELECT nombre, filas, qsos, sinFecha FROM (SELECT \"Nombre Log\" AS nombre, "
+               "MIN(id), COUNT(*) AS filas, SUM(%1) AS qsos, SUM(%2) AS sinFecha FROM Tabla1 "
+               "WHERE \"Nombre Log\" IS NOT NULL AND %3 GROUP BY \"Nombre Log\") WHERE true")
+        .arg(EsQSO("Tabla1"), SinFecha("Tabla1"), QLatin1String(donde));
+}
 
 // The view's order with id last (ties of date and time stay in a fixed order), then Modo
 // so that skipping rows for an offset needs no visit to the table. The second serves both
@@ -175,6 +193,15 @@ std::atomic<int> g_instancias{0};
 const QString &almacen::DisparadorAlta()
 {
     return Disparadores().first();
+}
+
+const QString &almacen::SumarCuentasDesde()
+{
+    static const QString sql =
+        CuentasDeFilas("id > ?") +
+        QStringLiteral(" ON CONFLICT (\"Nombre Log\") DO UPDATE SET Filas=Filas+excluded.Filas, "
+                       "QSOs=QSOs+excluded.QSOs, SinFecha=SinFecha+excluded.SinFecha");
+    return sql;
 }
 
 // ---- Conversions at the edge ---------------------------------------------------------------
@@ -342,63 +369,35 @@ QStringList Almacen::Privado::Columnas(const QString &tabla)
     return columnas;
 }
 
-bool Almacen::Privado::ColumnasTardias()
+bool Almacen::Privado::AgregarFaltantes(const QString &tabla,
+                                        const QVector<QPair<QString, QString>> &columnas)
 {
-    struct Tardia
-    {
-        QString tabla, columna, tipo;
-    };
-    QVector<Tardia> faltan;
-    const QStringList tablas = {QStringLiteral("Tabla1"), QStringLiteral("Tabla3"),
-                                QStringLiteral("Tabla2")};
-    for (const QString &tabla : tablas) {
-        const QStringList hay = Columnas(tabla);
-        if (hay.isEmpty())
-            continue;
-        auto falta = [&](const QString &c) { return !hay.contains(c, Qt::CaseInsensitive); };
-        for (const QString &c : kTardias)
-            if (falta(c))
-                faltan.append({tabla, c, kChar255});
-        if (tabla == QStringLiteral("Tabla3") && falta(QStringLiteral("Dupe")))
-            faltan.append(
-                {tabla, QStringLiteral("Dupe"), QStringLiteral(" CHAR(10) COLLATE NOCASE")});
-    }
-    for (const Tardia &t : faltan)
-        if (!Directa(
-                QStringLiteral("ALTER TABLE %1 ADD COLUMN %2%3").arg(t.tabla, t.columna, t.tipo)))
+    const QStringList hay = Columnas(tabla);
+    for (const auto &[columna, tipo] : columnas)
+        if (!hay.contains(columna, Qt::CaseInsensitive) &&
+            !Directa(QStringLiteral("ALTER TABLE %1 ADD COLUMN %2%3").arg(tabla, columna, tipo)))
             return false;
     return true;
 }
 
-bool Almacen::Privado::CrearEsquema()
+int Almacen::Privado::VersionDelArchivo()
 {
-    return EnBloque([this] {
-        if (!Directa(CrearTabla(QStringLiteral("Tabla1"), true, false)) ||
-            !Directa(CrearTabla(QStringLiteral("Tabla2"), false, false)) || !ColumnasTardias() ||
-            !Directa(CrearTabla(QStringLiteral("Tabla3"), true, true)))
-            return false;
-        // The counts are rebuilt whenever the table or one of its triggers was missing,
-        // since rows may have changed while nothing kept them.
-        QSqlQuery q(db);
-        q.exec(QStringLiteral("SELECT count(*) FROM sqlite_master WHERE (type='table' AND "
-                              "name='CuentaLogs') OR (type='trigger' AND name IN "
-                              "('Tabla1_Alta','Tabla1_Baja','Tabla1_Cambio'))"));
-        const bool completas = q.next() && q.value(0).toInt() == 4;
-        q.finish();
-        if (!completas) {
-            if (!Directa(QLatin1String(kCrearCuentas)) ||
-                !Directa(QStringLiteral("DELETE FROM CuentaLogs")) ||
-                !Directa(QLatin1String(kLlenarCuentas)))
-                return false;
-            for (const QString &sql : Disparadores())
-                if (!Directa(sql))
-                    return false;
-        }
-        for (const char *sql : kIndices)
-            if (!Directa(QLatin1String(sql)))
-                return false;
-        return true;
-    });
+    QSqlQuery q(db);
+    if (!q.exec(QStringLiteral("PRAGMA user_version")) || !q.next()) {
+        error = q.lastError().text();
+        return -1;
+    }
+    return q.value(0).toInt();
+}
+
+Fallo Almacen::Privado::FalloCon(const QString &que) const
+{
+    return Fallo{error.isEmpty() ? que : que + QStringLiteral("\r\n\r\n") + error};
+}
+
+QString Almacen::Privado::Ruta() const
+{
+    return QDir::toNativeSeparators(QFileInfo(archivo).absoluteFilePath());
 }
 
 // ---- Opening and closing --------------------------------------------------------------------
@@ -415,66 +414,77 @@ Almacen::~Almacen()
     delete d;
 }
 
-QString Almacen::Abrir(const QString &archivo)
+Resultado<> Almacen::Abrir(const QString &archivo)
 {
     Cerrar();
     if (archivo.isEmpty())
-        return QStringLiteral("No se indicó el archivo de la base de datos.");
+        return Fallo{QStringLiteral("No se indicó el archivo de la base de datos.")};
     const QFileInfo info(archivo);
     const QString ruta = QDir::toNativeSeparators(info.absoluteFilePath());
     const QString carpeta = QDir::toNativeSeparators(info.absolutePath());
-    const QString noEsBase =
-        QStringLiteral("El archivo %1 no es una base de datos de Carancho Radiolog.").arg(ruta);
+    const Fallo noEsBase{
+        QStringLiteral("El archivo %1 no es una base de datos de Carancho Radiolog.").arg(ruta)};
 
     if (!QFileInfo(info.absolutePath()).isDir())
-        return QStringLiteral("No existe la carpeta %1.").arg(carpeta);
+        return Fallo{QStringLiteral("No existe la carpeta %1.").arg(carpeta)};
     // Everything up to the first write only reads: a file that is not ours stays as it was.
     if (info.exists()) {
         if (info.isDir())
             return noEsBase;
         QFile f(archivo);
         if (!f.open(QIODevice::ReadOnly))
-            return QStringLiteral("No se puede leer el archivo %1.").arg(ruta);
+            return Fallo{QStringLiteral("No se puede leer el archivo %1.").arg(ruta)};
         const QByteArray cabecera = f.read(16);
         if (!cabecera.isEmpty() && cabecera != QByteArray("SQLite format 3\0", 16))
             return noEsBase;
         if (!info.isWritable())
-            return QStringLiteral("No se puede escribir en el archivo %1.").arg(ruta);
+            return Fallo{QStringLiteral("No se puede escribir en el archivo %1.").arg(ruta)};
     }
     // The journal lives beside the file, so the folder must take new files.
     if (!QFileInfo(info.absolutePath()).isWritable())
-        return QStringLiteral("No se puede escribir en la carpeta %1.").arg(carpeta);
+        return Fallo{QStringLiteral("No se puede escribir en la carpeta %1.").arg(carpeta)};
 
     d->db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), d->conexion);
     d->db.setDatabaseName(archivo);
     if (!d->db.open()) {
         const QString causa = d->db.lastError().text();
         Cerrar();
-        return QStringLiteral("No se puede abrir la base de datos %1.\r\n\r\n%2").arg(ruta, causa);
+        return Fallo{
+            QStringLiteral("No se puede abrir la base de datos %1.\r\n\r\n%2").arg(ruta, causa)};
     }
+    auto rechazar = [this](Fallo fallo) {
+        Cerrar();
+        return fallo;
+    };
 
     QStringList tablas;
-    QString fallo;
     {
         QSqlQuery q(d->db);
-        if (q.exec(QStringLiteral("SELECT name FROM sqlite_master WHERE type='table' AND name "
-                                  "NOT LIKE 'sqlite\\_%' ESCAPE '\\'"))) {
-            while (q.next())
-                tablas << q.value(0).toString();
-        } else {
+        if (!q.exec(QStringLiteral("SELECT name FROM sqlite_master WHERE type='table' AND name "
+                                   "NOT LIKE 'sqlite\\_%' ESCAPE '\\'"))) {
             // SQLITE_CORRUPT and SQLITE_NOTADB: not a database at all. Anything else
             // (a lock held too long, say) is told as it is.
             const QString codigo = q.lastError().nativeErrorCode();
-            fallo = codigo == u"11" || codigo == u"26"
-                        ? noEsBase
-                        : QStringLiteral("No se puede abrir la base de datos %1.\r\n\r\n%2")
-                              .arg(ruta, q.lastError().text());
+            return rechazar(
+                codigo == u"11" || codigo == u"26"
+                    ? noEsBase
+                    : Fallo{QStringLiteral("No se puede abrir la base de datos %1.\r\n\r\n%2")
+                                .arg(ruta, q.lastError().text())});
         }
+        while (q.next())
+            tablas << q.value(0).toString();
     }
-    if (!fallo.isEmpty()) {
-        Cerrar();
-        return fallo;
-    }
+    // A layout this program does not know: whatever it writes could spoil it for the
+    // version that made it.
+    const int version = d->VersionDelArchivo();
+    if (version < 0)
+        return rechazar(Fallo{QStringLiteral("No se puede abrir la base de datos %1.\r\n\r\n%2")
+                                  .arg(ruta, d->error)});
+    if (version > kVersionEsquema)
+        return rechazar(Fallo{QStringLiteral("La base de datos %1 es de una versión más nueva de "
+                                             "Carancho Radiolog. Instale la versión más reciente "
+                                             "del programa para abrirla.")
+                                  .arg(ruta)});
     if (!tablas.isEmpty()) {
         // Ours when Tabla1 holds the columns every version had, in their order.
         const QStringList columnas = d->Columnas(QStringLiteral("Tabla1"));
@@ -483,23 +493,20 @@ QString Almacen::Abrir(const QString &archivo)
         bool nuestra = columnas.size() >= esperadas.size();
         for (int i = 0; nuestra && i < esperadas.size(); ++i)
             nuestra = columnas.at(i).compare(esperadas.at(i), Qt::CaseInsensitive) == 0;
-        if (!nuestra) {
-            Cerrar();
-            return noEsBase;
-        }
+        if (!nuestra)
+            return rechazar(noEsBase);
     }
 
     // A QSO shown in the view has reached the disk.
     if (!d->Directa(QStringLiteral("PRAGMA journal_mode=WAL")) ||
         !d->Directa(QStringLiteral("PRAGMA synchronous=FULL")) ||
         !d->Directa(QStringLiteral("PRAGMA cache_size=-32768")) ||
-        !d->Directa(QStringLiteral("PRAGMA temp_store=MEMORY")) || !d->CrearEsquema()) {
-        const QString causa = d->error;
-        Cerrar();
-        return QStringLiteral("No se puede preparar la base de datos %1.\r\n\r\n%2")
-            .arg(ruta, causa);
-    }
+        !d->Directa(QStringLiteral("PRAGMA temp_store=MEMORY")))
+        return rechazar(Fallo{QStringLiteral("No se puede preparar la base de datos %1.\r\n\r\n%2")
+                                  .arg(ruta, d->error)});
     d->archivo = archivo;
+    if (Resultado<> esquema = ActualizarEsquema(); !esquema)
+        return rechazar(Fallo{esquema.Mensaje()});
     d->error.clear();
     return {};
 }
@@ -528,15 +535,79 @@ QString Almacen::Archivo() const
     return d->archivo;
 }
 
-QString Almacen::UltimoError() const
-{
-    return d->error;
-}
+// ---- The layout, step by step --------------------------------------------------------------
 
-void Almacen::ActualizarEsquema()
+Resultado<> Almacen::ActualizarEsquema()
 {
-    // Only what is missing is added, so a second run finds nothing to do.
-    d->EnBloque([this] {
-        return d->Directa(CrearTabla(QStringLiteral("Tabla3"), true, true)) && d->ColumnasTardias();
-    });
+    // Each step brings the file from the version before it to its own. A file of version 0
+    // may come from any earlier program, with or without what the steps add, so each step
+    // makes only what is missing, or makes again what it cannot trust.
+    struct Paso
+    {
+        const char *que; // for the message, should it fail
+        bool (*hacer)(Privado &);
+    };
+    static const Paso pasos[] = {
+        {"las tablas Tabla1 y Tabla2",
+         [](Privado &p) {
+             return p.Directa(CrearTabla(QStringLiteral("Tabla1"), true, false, false)) &&
+                    p.Directa(CrearTabla(QStringLiteral("Tabla2"), false, false, false));
+         }},
+        {"las columnas LbN, Nombre_Sat y Argento",
+         [](Privado &p) {
+             return p.AgregarFaltantes(QStringLiteral("Tabla1"), Tardias(false)) &&
+                    p.AgregarFaltantes(QStringLiteral("Tabla2"), Tardias(false));
+         }},
+        {"la tabla de importación Tabla3",
+         [](Privado &p) {
+             return p.Directa(CrearTabla(QStringLiteral("Tabla3"), true, true, true)) &&
+                    p.AgregarFaltantes(QStringLiteral("Tabla3"), Tardias(true));
+         }},
+        // Counts found in the file may be stale (the rows changed while nothing kept them),
+        // so they are counted again.
+        {"la cuenta de QSOs de cada log",
+         [](Privado &p) {
+             for (const char *viejo :
+                  {"DROP TRIGGER IF EXISTS Tabla1_Alta", "DROP TRIGGER IF EXISTS Tabla1_Baja",
+                   "DROP TRIGGER IF EXISTS Tabla1_Cambio", "DROP TABLE IF EXISTS CuentaLogs"})
+                 if (!p.Directa(QLatin1String(viejo)))
+                     return false;
+             if (!p.Directa(QLatin1String(kCrearCuentas)) || !p.Directa(CuentasDeFilas("1")))
+                 return false;
+             for (const QString &sql : Disparadores())
+                 if (!p.Directa(sql))
+                     return false;
+             return true;
+         }},
+        {"los índices",
+         [](Privado &p) {
+             for (const char *sql : kIndices)
+                 if (!p.Directa(QLatin1String(sql)))
+                     return false;
+             return true;
+         }},
+    };
+    static_assert(sizeof(pasos) / sizeof(pasos[0]) == kVersionEsquema);
+
+    if (!d->Abierta())
+        return Fallo{QStringLiteral("La base de datos no está abierta.")};
+    d->FinDeCargaMasiva();
+    const int version = d->VersionDelArchivo();
+    if (version < 0)
+        return d->FalloCon(
+            QStringLiteral("No se puede leer la versión de la base de datos %1.").arg(d->Ruta()));
+    for (int n = version; n < kVersionEsquema; ++n) {
+        const bool hecho = d->EnBloque([&] {
+            // The number goes in the same transaction as the step: both stay, or neither.
+            return pasos[n].hacer(*d) &&
+                   d->Directa(QStringLiteral("PRAGMA user_version=%1").arg(n + 1));
+        });
+        if (!hecho)
+            return d->FalloCon(
+                QStringLiteral("No se puede actualizar la base de datos %1 (paso %2: %3).")
+                    .arg(d->Ruta())
+                    .arg(n + 1)
+                    .arg(QString::fromUtf8(pasos[n].que)));
+    }
+    return {};
 }

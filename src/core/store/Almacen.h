@@ -3,6 +3,7 @@
 // file, base0.db; a log is a name in the column "Nombre Log". Every value is bound,
 // never joined into a statement, so an apostrophe is stored like any other character.
 
+#include "core/platform/Resultado.h"
 #include "core/store/RegistroQSO.h"
 
 #include <QSqlDatabase>
@@ -19,39 +20,47 @@ public:
     Almacen(const Almacen &) = delete;
     Almacen &operator=(const Almacen &) = delete;
 
-    // Opens the file, creating it with the full layout when it is missing. On failure
-    // the answer is a Spanish message for the operator and the file is left untouched
-    // (a file that is not a database is never written to).
-    QString Abrir(const QString &archivo);
+    // The layout this program writes: the number of steps of ActualizarEsquema, kept in
+    // the file's PRAGMA user_version.
+    static constexpr int kVersionEsquema = 5;
+
+    // Opens the file, creating it with the full layout when it is missing and bringing an
+    // older one up to date. A file that is not a database, or that a newer version of the
+    // program wrote, is refused and never written to.
+    Resultado<> Abrir(const QString &archivo);
     void Cerrar();
     bool Abierto() const;
     QString Archivo() const;
 
     // ---- Writing rows -------------------------------------------------------------
-    // Each add answers the new id (0 on failure).
+    // Each add answers the new id; every write that fails answers the message to show,
+    // what could not be done and then the engine's words.
     // A QSO typed in the main window: LbN "1", province from the callsign.
-    qint64 AgregarQSO(const RegistroQSO &qso, const QString &logenUso);
+    Resultado<qint64> AgregarQSO(const RegistroQSO &qso, const QString &logenUso);
     // An imported QSO: LbN, satellite and province as the record brings them (trimmed).
-    qint64 AgregarQSOImportado(const RegistroQSO &qso, const QString &logenUso);
+    Resultado<qint64> AgregarQSOImportado(const RegistroQSO &qso, const QString &logenUso);
     // A contest QSO into Tabla2. Operador and Argento stay unset.
-    qint64 AgregarQSOConcurso(const FilaConcurso &fila);
+    Resultado<qint64> AgregarQSOConcurso(const FilaConcurso &fila);
     // The import staging table Tabla3: reports cut to 3, Obs to 100, grids trimmed.
-    qint64 AgregarQSOEspera(const RegistroQSO &qso, const QString &dupe, const QString &logenUso);
+    Resultado<qint64> AgregarQSOEspera(const RegistroQSO &qso, const QString &dupe,
+                                       const QString &logenUso);
     // A placeholder row: only "Nombre Log" set, so the log exists with no QSOs.
-    qint64 AgregarLogVacio(const QString &log);
+    Resultado<qint64> AgregarLogVacio(const QString &log);
 
-    bool ActualizarQSO(qint64 id, const RegistroQSO &qso);
-    bool MarcarLbN(qint64 id, int estado);
-    bool ActualizarQSOConcurso(qint64 id, const FilaConcurso &fila);
-    bool BorrarQSO(qint64 id);
-    bool BorrarQSOConcurso(qint64 id);
-    bool BorrarLog(const QString &log);
-    bool BorrarLogConcurso(const QString &log);
-    bool VaciarEspera();
+    Resultado<> ActualizarQSO(qint64 id, const RegistroQSO &qso);
+    Resultado<> MarcarLbN(qint64 id, int estado);
+    Resultado<> ActualizarQSOConcurso(qint64 id, const FilaConcurso &fila);
+    Resultado<> BorrarQSO(qint64 id);
+    Resultado<> BorrarQSOConcurso(qint64 id);
+    Resultado<> BorrarLog(const QString &log);
+    Resultado<> BorrarLogConcurso(const QString &log);
+    Resultado<> VaciarEspera();
     // "Hacer Tabla!": empties the three tables and restarts their counters at 1.
-    bool VaciarTodo();
-    // Brings an older file to the current layout; harmless when repeated.
-    void ActualizarEsquema();
+    Resultado<> VaciarTodo();
+    // Runs the steps of the layout that the file still lacks, each in a transaction of its
+    // own: a step that fails leaves the file as the step before left it. Abrir runs it;
+    // a second run finds nothing to do.
+    Resultado<> ActualizarEsquema();
     bool ExisteLogConcurso(const QString &log);
 
     // Many writes as one (an import, a load of Tabla3): all reach the disk together,
@@ -60,9 +69,9 @@ public:
     // and its counts added once at the confirm, instead of row by row. Reading a log
     // (other than one row by id), or changing or deleting a row, in between ends it, and
     // every read is right. A confirm that fails keeps nothing of the transaction.
-    bool IniciarTransaccion();
-    bool ConfirmarTransaccion();
-    bool DeshacerTransaccion();
+    Resultado<> IniciarTransaccion();
+    Resultado<> ConfirmarTransaccion();
+    Resultado<> DeshacerTransaccion();
     // Rows a transaction adds to Tabla1 before it is considered for a bulk load (50,000);
     // a test lowers it to try the bulk load on a few rows.
     void UmbralCargaMasiva(int filas);
@@ -124,9 +133,6 @@ public:
     QVector<FilaConcurso> ConcursoPorModoBandaEstacion(const QString &log, const QString &modo,
                                                        const QString &banda,
                                                        const QString &estacion);
-
-    // The last error of the engine, for a message; empty when all went well.
-    QString UltimoError() const;
 
 private:
     struct Privado;

@@ -4,7 +4,6 @@
 
 #include "core/store/Almacen.h"
 
-#include <QHash>
 #include <QSqlQuery>
 #include <QString>
 #include <QVariant>
@@ -45,13 +44,9 @@ inline QVariant Texto(const QString &s)
 extern const char *const kIndiceVista;    // CREATE INDEX of Tabla1_Vista
 extern const char *const kIndiceEstacion; // CREATE INDEX of Tabla1_Estacion
 const QString &DisparadorAlta();          // CREATE TRIGGER of Tabla1_Alta
-
-// Where an insert into Tabla1 binds what the counts of a log look at: the positions of
-// Modo, Fecha, Hora and "Nombre Log" among its values (-1: not in the statement, so NULL).
-struct Contadas
-{
-    int modo, fecha, hora, log;
-};
+// Adds to CuentaLogs what the insert trigger would have added for the rows of Tabla1 whose
+// id is above the one bound: the counting rule of the triggers, applied to many rows at once.
+const QString &SumarCuentasDesde();
 
 // The text a value holds, or nullptr when it holds something else: read in place, with
 // no copy, where every row of a load passes.
@@ -77,7 +72,7 @@ struct Almacen::Privado
     QString conexion; // connection name, unique per instance
     QString archivo;
     QSqlDatabase db;
-    QString error;
+    QString error; // the engine's words about the last statement that failed
     // Statements prepared once and reused, with the values bound last: Qt keeps them
     // between runs, and binding costs more than comparing, so only changes are bound.
     struct Preparada
@@ -104,9 +99,9 @@ struct Almacen::Privado
     // to Tabla1, once they are as many as the rows the file held before, the two indexes of
     // Tabla1 and the insert trigger of the counts are dropped inside the transaction: a
     // million rows cost far more to insert one by one into the indexes (the callsigns come
-    // in no order) than to sort once. Before the COMMIT the indexes are made again, what
-    // the trigger would have counted is added to CuentaLogs and the trigger comes back, so
-    // that the file is never seen without them.
+    // in no order) than to sort once. Before the COMMIT the indexes are made again, the rows
+    // added meanwhile are counted into CuentaLogs by one grouped statement and the trigger
+    // comes back, so that the file is never seen without them.
     struct Carga
     {
         bool abierta = false; // between IniciarTransaccion and its end
@@ -114,21 +109,16 @@ struct Almacen::Privado
         bool vedada = false;  // the transaction read or changed rows between its adds
         qint64 altas = 0;     // rows added to Tabla1 in the transaction
         qint64 revision = 0;  // altas at which bulk mode is considered again
-        // What the insert trigger would have added to CuentaLogs while it was away, per log
-        // in the order first added to; the name is that of the log's first row.
-        struct Suma
-        {
-            QString nombre;
-            qint64 filas = 0, qsos = 0, sinFecha = 0;
-        };
-        QVector<Suma> sumas;
-        QHash<QString, qsizetype> indice; // the log as CuentaLogs compares it -> its Suma
-        QString ultimoLog;                // the log of the last add, and its Suma
-        qsizetype ultimaSuma = -1;
+        // The greatest id of Tabla1 when bulk mode began: ids only grow (AUTOINCREMENT), so
+        // the rows the trigger did not count are those above it.
+        qint64 desdeId = 0;
     } carga;
     int umbralMasivo = 50000;
 
     bool Abierta() const { return db.isValid() && db.isOpen(); }
+    // What could not be done, then the engine's words: the message a window shows.
+    Fallo FalloCon(const QString &que) const;
+    QString Ruta() const; // the file as the operator knows it
     // Prepares the statement on first use (forward only), binds the values in order and
     // runs it. nullptr on failure, with the engine's text in error. The caller reads its
     // rows and finishes it, so that no read stays open.
@@ -139,9 +129,7 @@ struct Almacen::Privado
     bool Escribir(const QString &sql, const QVariantList &valores);
     qint64 Insertar(const QString &sql, const QVariantList &valores);
     // An add to Tabla1, which counts for the bulk mode.
-    qint64 InsertarEnTabla1(const QString &sql, const QVariantList &valores,
-                            const almacen::Contadas &columnas);
-    void Sumar(const QVariantList &valores, const almacen::Contadas &columnas);
+    qint64 InsertarEnTabla1(const QString &sql, const QVariantList &valores);
     // Bulk mode on, when the transaction has added enough; and off again within it: the
     // indexes made, the counts added, the trigger back.
     void QuizaCargaMasiva();
@@ -155,11 +143,11 @@ struct Almacen::Privado
     // Several statements that stand or fall together, nested in the caller's transaction.
     bool EnBloque(const std::function<bool()> &trabajo);
 
-    // The schema: tables, late columns, the count table, its triggers and the indexes.
-    bool CrearEsquema();
-    bool ColumnasTardias();
-    bool ExisteTabla(const QString &tabla);
+    // The schema. The version the file says it has (-1 when it cannot be read), the
+    // columns of a table, and the columns added to it where missing.
+    int VersionDelArchivo();
     QStringList Columnas(const QString &tabla);
+    bool AgregarFaltantes(const QString &tabla, const QVector<QPair<QString, QString>> &columnas);
 
     // Rows of a SELECT of kColumnasTabla1 (plus Dupe when conDupe).
     QVector<FilaQSO> LeerFilas(QSqlQuery &q, bool conDupe = false,

@@ -377,9 +377,8 @@ void Form5::Command1_Click()
     q.Argento = provincia;
 
     const qint64 id = id_;
-    if (!ctx.almacen().ActualizarQSO(id, q))
-        ctx.dialogos().Alto(QStringLiteral("No se pudo guardar el QSO #") + QString::number(id) +
-                            QStringLiteral(".\r\n\r\n") + ctx.almacen().UltimoError());
+    if (const Resultado<> r = ctx.almacen().ActualizarQSO(id, q); !r)
+        ctx.dialogos().Alto(r.Mensaje());
     Refrescar(id);
 }
 
@@ -387,10 +386,8 @@ void Form5::Command2_Click()
 {
     const qint64 id = id_;
     if (ctx.dialogos().PreguntaSiNo(PreguntaEliminar(id))) {
-        if (!ctx.almacen().BorrarQSO(id))
-            ctx.dialogos().Alto(QStringLiteral("No se pudo eliminar el QSO #") +
-                                QString::number(id) + QStringLiteral(".\r\n\r\n") +
-                                ctx.almacen().UltimoError());
+        if (const Resultado<> r = ctx.almacen().BorrarQSO(id); !r)
+            ctx.dialogos().Alto(r.Mensaje());
         // The main view must not go on showing a row that is gone, whoever opened us.
         if (ctx.OrigenEdicion != QLatin1String("Form1") && refrescarVista_)
             refrescarVista_();

@@ -271,13 +271,12 @@ void Form1::IngresarQSO()
     q.Fecha = momento.toString(QStringLiteral("dd/MM/yyyy"));
     q.Hora = momento.toString(QStringLiteral("HH:mm")) + QStringLiteral(":00");
 
-    const qint64 id = ctx.almacen().AgregarQSO(q, ctx.LogenUso);
-    if (id > 0) {
-        ultimoId_ = id;
-        Label4->setText(QString::number(id));
+    const Resultado<qint64> id = ctx.almacen().AgregarQSO(q, ctx.LogenUso);
+    if (id) {
+        ultimoId_ = *id;
+        Label4->setText(QString::number(*id));
     } else {
-        ctx.dialogos().Alto(QStringLiteral("No se pudo guardar el QSO con ") + q.Estacion +
-                            QStringLiteral(".\r\n\r\n") + ctx.almacen().UltimoError());
+        ctx.dialogos().Alto(id.Mensaje());
         Corresponsal->setText(q.Estacion);
         Obs->setText(q.Obs);
         Text2->setText(q.SuGrid);

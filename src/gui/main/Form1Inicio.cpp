@@ -145,12 +145,13 @@ MemoriaEntrada Form1::MemoriaActual() const
 
 void Form1::GuardarMemEntrada()
 {
-    GuardarMem(ctx.Carpeta(), MemoriaActual());
+    // A memory file only spares some typing at the next start: no message over it.
+    static_cast<void>(GuardarMem(ctx.Carpeta(), MemoriaActual()));
 }
 
 void Form1::GuardarMemFinal()
 {
-    GuardarMemSalida(ctx.Carpeta(), MemoriaActual());
+    static_cast<void>(GuardarMemSalida(ctx.Carpeta(), MemoriaActual()));
 }
 
 QString Form1::SenalPropia() const
@@ -323,8 +324,10 @@ void Form1::GuardarConfiguracion()
 void Form1::FundarLogEnUso()
 {
     // A log exists by its rows; a placeholder row makes it exist with no QSOs.
-    if (!ctx.LogenUso.isEmpty() && !ExisteLog(ctx.almacen().Logs(), ctx.LogenUso))
-        ctx.almacen().AgregarLogVacio(ctx.LogenUso);
+    if (ctx.LogenUso.isEmpty() || ExisteLog(ctx.almacen().Logs(), ctx.LogenUso))
+        return;
+    if (const Resultado<qint64> r = ctx.almacen().AgregarLogVacio(ctx.LogenUso); !r)
+        ctx.dialogos().Alto(r.Mensaje());
 }
 
 void Form1::PonerPresencia(bool habilitada)

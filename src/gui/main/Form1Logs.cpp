@@ -54,9 +54,8 @@ void Form1::nuevo_Click()
         d.Exclamacion(MensajeLogExistente(nombre));
     }
     // The placeholder row is what makes an empty log exist; without it nothing changes.
-    if (ctx.almacen().AgregarLogVacio(nombre) == 0) {
-        d.Alto(QStringLiteral("No se pudo crear el log ") + nombre + QStringLiteral(".\r\n\r\n") +
-               ctx.almacen().UltimoError());
+    if (const Resultado<qint64> r = ctx.almacen().AgregarLogVacio(nombre); !r) {
+        d.Alto(r.Mensaje());
         return;
     }
     ctx.LogenUso = nombre;
@@ -70,9 +69,8 @@ void Form1::borralog_Click()
     Dialogos &d = ctx.dialogos();
     if (!d.PreguntaSiNo(PreguntaBorrarLog(RotuloDelLog())))
         return;
-    if (!ctx.almacen().BorrarLog(ctx.LogenUso)) {
-        d.Alto(QStringLiteral("No se pudo borrar el log ") + ctx.LogenUso +
-               QStringLiteral(".\r\n\r\n") + ctx.almacen().UltimoError());
+    if (const Resultado<> r = ctx.almacen().BorrarLog(ctx.LogenUso); !r) {
+        d.Alto(r.Mensaje());
         return;
     }
     ListView2->clear();

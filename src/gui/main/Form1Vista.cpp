@@ -186,5 +186,6 @@ void Form1::EditarUltimoQSO()
 void Form1::HacerTabla()
 {
     // Asks nothing and leaves the view as it is: a tool for the one who delivers the file.
-    ctx.almacen().VaciarTodo();
+    if (const Resultado<> r = ctx.almacen().VaciarTodo(); !r)
+        ctx.dialogos().Alto(r.Mensaje());
 }

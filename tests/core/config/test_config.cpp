@@ -7,7 +7,9 @@
 #include "core/nationallog/EscapeLbN.h"
 #include "core/platform/ArchivoTexto.h"
 #include "support/ContextoPrueba.h"
+#include "support/Semilla.h"
 
+#include <QDir>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QTest>
@@ -109,9 +111,7 @@ void TestConfig::claveConfig()
 
 void TestConfig::claveConfigIdaYVuelta()
 {
-    const quint32 semilla = 20240515;
-    qInfo("semilla %u", semilla);
-    QRandomGenerator azar(semilla);
+    QRandomGenerator azar(Semilla());
     for (int vuelta = 0; vuelta < 2000; ++vuelta) {
         QByteArray codigos(azar.bounded(1, 40), Qt::Uninitialized);
         for (char &c : codigos)
@@ -159,8 +159,12 @@ void TestConfig::configuracionIdaYVuelta()
     c.Estacion = QStringLiteral("LU1ABC");
     QCOMPARE(leida, c);
     QCOMPARE(logLeido, log);
-    // A folder that is not there: nothing written, and the caller is told.
-    QVERIFY(!GuardarConfiguracion(prueba.Archivo("falta/config.ini"), c, log));
+    // A folder that is not there: nothing written, and the caller is told in Spanish.
+    const QString falta = prueba.Archivo("falta/config.ini");
+    QVERIFY(GuardarConfiguracion(falta, c, log)
+                .Mensaje()
+                .startsWith(QStringLiteral("No se pudo guardar el archivo %1.\r\n\r\n")
+                                .arg(QDir::toNativeSeparators(falta))));
 }
 
 void TestConfig::configuracionArchivosRaros_data()

@@ -71,7 +71,7 @@ void TestForm2::primerInicio()
     QCOMPARE(f.Mostrar(), guardar ? 1 : 0);
     QCOMPARE(terminado, guardar ? QList<int>{} : QList<int>{0});
     const auto lineas = LeerLineas(prueba.Archivo(QStringLiteral("config.ini")));
-    QCOMPARE(lineas.has_value(), guardar);
+    QCOMPARE(lineas.Exito(), guardar);
     QCOMPARE(Presencia(presencia), guardar ? QList<bool>{true} : QList<bool>{});
     // Saving the settings writes no row: the first log is founded where it is needed.
     QVERIFY(prueba->almacen().Logs().isEmpty());

@@ -3,6 +3,7 @@
 #include "gui/editing/Form5.h"
 #include "gui/main/Form1.h"
 #include "support/ContextoPrueba.h"
+#include "support/Hecho.h"
 #include "support/Modales.h"
 
 #include <QAccessible>
@@ -66,10 +67,10 @@ struct Ventana
                                                  "LogenUso=Pruebas\r\nPantalla=1\r\n");
         p->Terminar = [](int) {};
         for (int i = 0; i < qsos; ++i)
-            p->almacen().AgregarQSO(QSO(QStringLiteral("LU%1XX").arg(i),
-                                        QDate(2024, 1, 1).addDays(i),
-                                        i == qsos - 1 ? modoUltimo : QStringLiteral("SSB")),
-                                    Log);
+            Hecho(p->almacen().AgregarQSO(QSO(QStringLiteral("LU%1XX").arg(i),
+                                              QDate(2024, 1, 1).addDays(i),
+                                              i == qsos - 1 ? modoUltimo : QStringLiteral("SSB")),
+                                          Log));
         f = std::make_unique<Form1>(p.ctx());
         for (QTimer *t : {f->Timer1, f->Timer2, f->Timer7})
             t->stop();
@@ -155,7 +156,7 @@ void TestForm5::guardarDesdeLaVista()
     Ventana v(25);
     v.f->mas_Click(); // page 2: LU4XX down to LU0XX
     const qint64 id = v.IdDeFila(0);
-    v.p->almacen().MarcarLbN(id, 2);
+    QVERIFY(v.p->almacen().MarcarLbN(id, 2));
     v.f->Command11_Click();
 
     QString visto;
@@ -430,7 +431,7 @@ void TestForm5::qsl()
     RegistroQSO q = QSO(QStringLiteral("LU1ABC/P"), QDate(2024, 3, 15), QStringLiteral("FM"));
     q.Nombre_Sat = QStringLiteral("ao-91");
     q.Obs = QStringLiteral("tnx $ 73");
-    const qint64 id = v.p->almacen().AgregarQSO(q, Log);
+    const qint64 id = Hecho(v.p->almacen().AgregarQSO(q, Log));
     const FilaQSO antes = v.Guardada(id);
     const QString carpeta = PrepararTordos(v.p.Carpeta(), conPrograma, ejecutable, suCall);
     v.Abrir(id);

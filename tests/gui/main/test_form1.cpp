@@ -5,7 +5,9 @@
 #include "gui/main/Form18.h"
 #include "gui/platform/DialogosQt.h"
 #include "support/ContextoPrueba.h"
+#include "support/Hecho.h"
 #include "support/Modales.h"
+#include "support/Semilla.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -80,7 +82,7 @@ struct Ventana
             q.Banda = QStringLiteral("40m");
             q.Fecha = QDate(2024, 1, 1).addDays(i).toString(QStringLiteral("dd/MM/yyyy"));
             q.Hora = QStringLiteral("10:00:00");
-            p->almacen().AgregarQSO(q, log);
+            Hecho(p->almacen().AgregarQSO(q, log));
         }
         f->ListView2->clear();
         f->CargarLog(1);
@@ -1024,9 +1026,7 @@ void TestForm1::tecleoAlAzarNoRompeNiPierde()
                                 Qt::Key_Home,   Qt::Key_End,    Qt::Key_Backspace,
                                 Qt::Key_Escape, Qt::Key_F1,     Qt::Key_Delete};
     const QString caracteres = QStringLiteral("lu0123456789abcxyzW/:,.'?- ");
-    const quint32 semilla = 4242;
-    qInfo("semilla %u", semilla);
-    QRandomGenerator azar(semilla);
+    QRandomGenerator azar(Semilla());
     for (int i = 0; i < 1500; ++i) {
         QWidget *foco = v.Foco() ? v.Foco() : v.f.get();
         const int suerte = azar.bounded(6);

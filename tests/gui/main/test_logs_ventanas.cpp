@@ -5,6 +5,7 @@
 #include "gui/main/Form17.h"
 #include "gui/main/Form3.h"
 #include "support/ContextoPrueba.h"
+#include "support/Hecho.h"
 #include "support/Modales.h"
 
 #include <QAction>
@@ -76,12 +77,12 @@ struct Ventana
 
 void TresLogs(Almacen &a)
 {
-    a.AgregarLogVacio(QStringLiteral("Zeta"));
-    a.AgregarQSO(Qso(QStringLiteral("LU5DX"), QStringLiteral("05/05/2020")),
-                 QStringLiteral("O'Brien"));
+    Hecho(a.AgregarLogVacio(QStringLiteral("Zeta")));
+    Hecho(a.AgregarQSO(Qso(QStringLiteral("LU5DX"), QStringLiteral("05/05/2020")),
+                       QStringLiteral("O'Brien")));
     for (const char *s : {"LU1XX", "LU2XX", "LU3XX"})
-        a.AgregarQSO(Qso(QString::fromLatin1(s), QStringLiteral("01/01/2024")),
-                     QStringLiteral("Pruebas"));
+        Hecho(a.AgregarQSO(Qso(QString::fromLatin1(s), QStringLiteral("01/01/2024")),
+                           QStringLiteral("Pruebas")));
 }
 
 QStringList Entradas(const QListWidget *lista)
@@ -194,8 +195,8 @@ void TestLogsVentanas::borrarLog()
 {
     Ventana v([](Almacen &a) {
         for (const char *log : {"Pruebas", "O'Brien", "alfa"}) {
-            a.AgregarQSO(Qso("LU1XX", "01/01/2024"), QString::fromLatin1(log));
-            a.AgregarQSO(Qso("LU2XX", "02/01/2024"), QString::fromLatin1(log));
+            Hecho(a.AgregarQSO(Qso("LU1XX", "01/01/2024"), QString::fromLatin1(log)));
+            Hecho(a.AgregarQSO(Qso("LU2XX", "02/01/2024"), QString::fromLatin1(log)));
         }
     });
     // Each step deletes the log in use, after opening another if named; the one that
@@ -234,11 +235,11 @@ void TestLogsVentanas::historial()
 {
     Ventana v([](Almacen &a) {
         const QString log = QStringLiteral("Pruebas");
-        a.AgregarQSO(Qso("LU0XX", "02/01/2010", "08:00:00"), log);
-        a.AgregarQSO(Qso("LU0XX/P", "31/12/2009", "22:15:00"), log);
+        Hecho(a.AgregarQSO(Qso("LU0XX", "02/01/2010", "08:00:00"), log));
+        Hecho(a.AgregarQSO(Qso("LU0XX/P", "31/12/2009", "22:15:00"), log));
         for (const char *otra : {"LU1XX", "LU10XX", "LU0XXB"})
-            a.AgregarQSO(Qso(QString::fromLatin1(otra), "01/01/2009"), log);
-        a.AgregarQSO(Qso("LU0XXC", "01/01/2009"), QStringLiteral("Otro"));
+            Hecho(a.AgregarQSO(Qso(QString::fromLatin1(otra), "01/01/2009"), log));
+        Hecho(a.AgregarQSO(Qso("LU0XXC", "01/01/2009"), QStringLiteral("Otro")));
     });
     QTest::keyClicks(v.f->Corresponsal, QStringLiteral("lu0xx"));
 
