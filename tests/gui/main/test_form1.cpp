@@ -14,6 +14,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
+#include <QHash>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -1026,16 +1027,40 @@ void TestForm1::tecleoAlAzarNoRompeNiPierde()
                                 Qt::Key_Home,   Qt::Key_End,    Qt::Key_Backspace,
                                 Qt::Key_Escape, Qt::Key_F1,     Qt::Key_Delete};
     const QString caracteres = QStringLiteral("lu0123456789abcxyzW/:,.'?- ");
+    // Now and then a whole right value typed over the field, as after a refusal: without it
+    // a date the random keys spoilt would hold the entry for the rest of the run.
+    const QHash<QString, QString> correctos{
+        {QStringLiteral("Corresponsal"), QStringLiteral("lu5ff")},
+        {QStringLiteral("Fecha"), QStringLiteral("15/05/2024")},
+        {QStringLiteral("Hora"), QStringLiteral("14:30")},
+        {QStringLiteral("RSE"), QStringLiteral("59")},
+        {QStringLiteral("RSR"), QStringLiteral("59")},
+        {QStringLiteral("Text2"), QStringLiteral("ff78")},
+        {QStringLiteral("Obs"), QStringLiteral("73")}};
+    // The kilohertz right for every band but one each: 30 m refuses the first, 80 m and
+    // 12 m the second.
+    const QStringList khzCorrectos{QStringLiteral("900"), QStringLiteral("120")};
     QRandomGenerator azar(Semilla());
     for (int i = 0; i < 1500; ++i) {
         QWidget *foco = v.Foco() ? v.Foco() : v.f.get();
         const int suerte = azar.bounded(6);
+        auto *campo = qobject_cast<QLineEdit *>(foco);
+        const bool conValor =
+            campo && (campo == v.f->Text1 || correctos.contains(campo->objectName()));
         if (suerte < 2) // mostly Enter, so that QSOs do go in now and then
             QTest::keyClick(foco, Qt::Key_Return);
         else if (suerte == 2)
             QTest::keyClick(foco, teclas.at(azar.bounded(int(teclas.size()))));
-        else
+        else if (suerte == 3 && conValor) {
+            campo->selectAll();
+            QTest::keyClicks(campo, campo == v.f->Text1
+                                        ? khzCorrectos.at(azar.bounded(int(khzCorrectos.size())))
+                                        : correctos.value(campo->objectName()));
+        } else
             QTest::keyClicks(foco, QString(caracteres.at(azar.bounded(int(caracteres.size())))));
+        // What the window system has queued (a list's popup closing, the window active
+        // again) comes between two keys, as it does for the operator.
+        QApplication::processEvents();
     }
     QApplication::processEvents();
     // Whatever was refused or entered, the stored QSOs are all still there and the view
