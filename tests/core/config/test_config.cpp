@@ -63,7 +63,6 @@ class TestConfig : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void cp1252();
     void claveConfig_data();
     void claveConfig();
     void claveConfigIdaYVuelta();
@@ -74,16 +73,6 @@ private Q_SLOTS:
     void memoriaRestaurar_data();
     void memoriaRestaurar();
 };
-
-void TestConfig::cp1252()
-{
-    QByteArray todos;
-    for (int b = 0; b < 256; ++b)
-        todos += static_cast<char>(b);
-    QCOMPARE(A1252(De1252(todos)), todos);
-    QCOMPARE(De1252("\x80\x81\x9d\x9f\xf1"), QStringLiteral("€\u0081\u009dŸñ"));
-    QCOMPARE(A1252(QStringLiteral("“ñ” \u0080ł")), QByteArray("\x93\xf1\x94 ??"));
-}
 
 void TestConfig::claveConfig_data()
 {

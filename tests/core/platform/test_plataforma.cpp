@@ -40,14 +40,9 @@ private Q_SLOTS:
     void clienteWeb_data();
     void clienteWeb();
     void clienteWebConsultaIntacta();
-    void clienteWebVariosPedidos();
-    void clienteWebBorrado();
     void decodificarCuerpo_data();
     void decodificarCuerpo();
-    void direccionesWeb_data();
-    void direccionesWeb();
     void dispositivoDePuerto();
-    void lineaSerieQueNoAbre();
 };
 
 // ---- ClienteWebQt over the loopback server ------------------------------------------
@@ -115,56 +110,6 @@ void TestPlataforma::clienteWebConsultaIntacta()
              QStringLiteral("/lbn/subir.asp?call=LU1AA/P&obs=Hola & chau+1&qth=Cañuelas"));
 }
 
-void TestPlataforma::clienteWebVariosPedidos()
-{
-    // Answers come in any order; each carries the number of its own request, once.
-    ServidorHttpPrueba servidor;
-    servidor.Responder(QStringLiteral("/a"), QByteArray("uno"));
-    servidor.Responder(QStringLiteral("/b"), QByteArray("dos"));
-    ClienteWebQt cliente;
-    QHash<quint64, QString> textos;
-    connect(&cliente, &ClienteWeb::Respondido, this,
-            [&](quint64 n, const RespuestaWeb &r) { textos.insert(n, r.texto); });
-    const quint64 a = cliente.Pedir(servidor.Direccion(QStringLiteral("/a")));
-    const quint64 b = cliente.Pedir(servidor.Direccion(QStringLiteral("/b")));
-    QVERIFY(a != b);
-    QTRY_COMPARE(textos.size(), 2);
-    QCOMPARE(textos.value(a), QStringLiteral("uno"));
-    QCOMPARE(textos.value(b), QStringLiteral("dos"));
-    QTest::qWait(50);
-    QCOMPARE(textos.size(), 2);
-}
-
-void TestPlataforma::clienteWebBorrado()
-{
-    // Deleted with requests in flight: no answer ever comes, not even at the time-out.
-    ServidorHttpPrueba servidor;
-    servidor.Callar(true);
-    auto *callado = new ClienteWebQt;
-    int respuestas = 0;
-    connect(callado, &ClienteWeb::Respondido, this, [&] { ++respuestas; });
-    callado->Pedir(servidor.Direccion(QStringLiteral("/uno")), 200);
-    callado->Pedir(servidor.Direccion(QStringLiteral("/dos")), 200);
-    QVERIFY(servidor.EsperarPedidos(2));
-    delete callado;
-    QTest::qWait(400);
-    QCOMPARE(respuestas, 0);
-
-    // A window that closes on its answer deletes the client inside the answer itself.
-    servidor.Callar(false);
-    servidor.Responder(QStringLiteral("/a"), QByteArray("uno"));
-    QPointer<ClienteWebQt> cliente = new ClienteWebQt;
-    connect(cliente, &ClienteWeb::Respondido, this, [&] {
-        ++respuestas;
-        delete cliente.data();
-    });
-    cliente->Pedir(servidor.Direccion(QStringLiteral("/a")));
-    cliente->Pedir(servidor.Direccion(QStringLiteral("/a")));
-    QTRY_VERIFY(cliente.isNull());
-    QTest::qWait(50);
-    QCOMPARE(respuestas, 1);
-}
-
 // ---- Page decoding ------------------------------------------------------------------
 
 void TestPlataforma::decodificarCuerpo_data()
@@ -204,44 +149,6 @@ void TestPlataforma::decodificarCuerpo()
 
 // ---- Service addresses --------------------------------------------------------------
 
-// What servicios.ini holds (null: no file), and LbN, QRZ, HamQTH, Sitio and AMSAT as read,
-// '-' standing for the default.
-void TestPlataforma::direccionesWeb_data()
-{
-    QTest::addColumn<QByteArray>("contenido");
-    QTest::addColumn<QString>("leidas");
-    QTest::newRow("sin archivo") << QByteArray() << "- - - - -";
-    QTest::newRow("cada clave, barras finales")
-        << QByteArray("LbN=http://l/\r\nQRZ=http://q\r\nHamQTH=http://h\r\nSitio=http://s//\r\n"
-                      "AMSAT=http://a\r\n")
-        << "http://l http://q http://h http://s http://a";
-    QTest::newRow("LF, espacios y mayúsculas")
-        << QByteArray("  lbn = http://e/lbn \nSITIO=http://s\n") << "http://e/lbn - - http://s -";
-    QTest::newRow("basura y valores vacíos")
-        << QByteArray("[servicios]\r\n; nota\r\nsin igual\r\n=http://x\r\nOtro=http://x\r\n"
-                      "LbN=\r\nSitio=  /  \r\nQRZ=http://q\r\n")
-        << "- http://q - - -";
-}
-
-void TestPlataforma::direccionesWeb()
-{
-    QFETCH(QByteArray, contenido);
-    QFETCH(QString, leidas);
-    QTemporaryDir carpeta;
-    const QString archivo = carpeta.filePath(QStringLiteral("servicios.ini"));
-    QFile f(archivo);
-    if (!contenido.isNull())
-        QVERIFY(f.open(QIODevice::WriteOnly) && f.write(contenido) == contenido.size());
-    f.close();
-    const DireccionesWeb p = DireccionesWeb::PorDefecto();
-    const DireccionesWeb d = DireccionesWeb::Leer(archivo);
-    const QStringList porDefecto{p.LbN, p.QRZ, p.HamQTH, p.Sitio, p.AMSAT};
-    QStringList esperadas = leidas.split(u' ');
-    for (qsizetype i = 0; i < esperadas.size(); ++i)
-        esperadas[i] = esperadas[i] == u"-" ? porDefecto[i] : esperadas[i];
-    QCOMPARE((QStringList{d.LbN, d.QRZ, d.HamQTH, d.Sitio, d.AMSAT}), esperadas);
-}
-
 // ---- Serial lines -------------------------------------------------------------------
 
 // "COMn" is /dev/ttyS<n-1>; anything else is taken as the device itself.
@@ -252,20 +159,6 @@ void TestPlataforma::dispositivoDePuerto()
         dispositivos << DispositivoDePuerto(puerto);
     QCOMPARE(dispositivos,
              QStringList({"/dev/ttyS0", "/dev/ttyS19", "COM0", "COM3A", "/dev/ttyUSB0", ""}));
-}
-
-// A port that does not open leaves the line closed, and the keying calls do nothing.
-void TestPlataforma::lineaSerieQueNoAbre()
-{
-    for (const QString &puerto : QStringList{"/dev/radiolog-no-existe", "/dev/null", ""}) {
-        LineaSerieQt linea;
-        QVERIFY2(!linea.Abrir(puerto), qPrintable(puerto));
-        QCOMPARE(linea.Puerto(), puerto);
-        linea.PonerDTR(true);
-        linea.PonerRTS(true);
-        QVERIFY(!linea.Abierta());
-        linea.Cerrar();
-    }
 }
 
 QTEST_GUILESS_MAIN(TestPlataforma)

@@ -15,8 +15,6 @@ private Q_SLOTS:
     void ventanas();
     void bandaDeMhz_data();
     void bandaDeMhz();
-    void frecuenciaYRelleno();
-    void listas();
 };
 
 void TestBandas::tablaDeEntrada_data()
@@ -93,35 +91,6 @@ void TestBandas::bandaDeMhz()
 {
     QFETCH(QString, mhz);
     QTEST(BandaDeMhz(mhz), "banda");
-}
-
-void TestBandas::frecuenciaYRelleno()
-{
-    QStringList frecuencias;
-    for (const QString &banda : ListaBandas())
-        frecuencias << FrecuenciaDeBanda(banda);
-    QCOMPARE(frecuencias,
-             QStringList({"1.820", "3.600", "5.100", "7.100", "10.100", "14.100", "18.100",
-                          "21.100", "24.900", "28.500", "52.000", "145.000", "435.100"}));
-    QCOMPARE(FrecuenciaDeBanda("20M"), QStringLiteral("14.100"));
-    QCOMPARE(FrecuenciaDeBanda("23cm"), QString());
-
-    QCOMPARE(RellenarKhz(""), QStringLiteral("000"));
-    QCOMPARE(RellenarKhz("5"), QStringLiteral("005"));
-    QCOMPARE(RellenarKhz("50"), QStringLiteral("050"));
-    QCOMPARE(RellenarKhz("6500"), QStringLiteral("6500"));
-}
-
-void TestBandas::listas()
-{
-    QCOMPARE(ModosPrincipal(), QStringList({"SSB", "FM", "CW", "DVoice"}));
-    QCOMPARE(ModosEdicion(), QStringList({"SSB", "CW", "FM"}));
-    QCOMPARE(ListaBandas(), QStringList({"160m", "80m", "60m", "40m", "30m", "20m", "17m", "15m",
-                                         "12m", "10m", "6m", "2m", "70cm"}));
-    QCOMPARE(ListaMhz().join(u' '), QStringLiteral("1 3 5 7 10 14 18 21 24 28 29 50 51 52 53 54 "
-                                                   "144 145 146 147 430 431 432 433 434 435 436 "
-                                                   "437 438 439"));
-    QCOMPARE(DerivarBanda(MhzInicial(), "500", VentanaBanda::Principal).banda, BandaInicial());
 }
 
 QTEST_GUILESS_MAIN(TestBandas)

@@ -35,8 +35,6 @@ class TestSenales : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void numeroInicial_data();
-    void numeroInicial();
     void esSenalDistintiva_data();
     void esSenalDistintiva();
     void sufijoArgentino_data();
@@ -45,25 +43,7 @@ private Q_SLOTS:
     void provinciaDeSufijo();
     void provinciaDeSenal_data();
     void provinciaDeSenal();
-    void nombresProvincias();
 };
-
-// The value as text; the decimal point is always '.', never the locale's comma.
-void TestSenales::numeroInicial_data()
-{
-    QTest::addColumn<QString>("texto");
-    QTest::addColumn<QString>("valor");
-    Pares("12abc=12 -3=-3 +4m=4 .5=0.5 5.=5 14.074.5=14.074 7,074=7 .=0 -=0 abc=0");
-    Fila("  7.5x", "7.5");
-    Fila("- 3", "0");
-    Fila("", "0");
-}
-
-void TestSenales::numeroInicial()
-{
-    QFETCH(QString, texto);
-    QTEST(QString::number(NumeroInicial(texto)), "valor");
-}
 
 void TestSenales::esSenalDistintiva_data()
 {
@@ -140,15 +120,6 @@ void TestSenales::provinciaDeSenal()
     QCOMPARE(ProvinciaDeSenal(senal).value_or(Falso), provincia);
     QCOMPARE(senal, original.toUpper());
     QCOMPARE(ProvinciaParaGuardar(original), provincia == Falso ? QString() : provincia);
-}
-
-// The names are stored with every QSO and counted by the award: spelled exactly, in order.
-void TestSenales::nombresProvincias()
-{
-    QStringList nombres;
-    for (const auto &p : Provincias)
-        nombres << QString::fromUtf16(p.nombre);
-    QCOMPARE(NombresProvincias(), nombres);
 }
 
 QTEST_GUILESS_MAIN(TestSenales)

@@ -41,7 +41,6 @@ private Q_SLOTS:
     void revisarHora_data();
     void revisarHora();
     void leerMomento();
-    void leerMomentoSinHorarioDeVerano();
 };
 
 // The field test of a report and the Enter test of the window disagree on three
@@ -164,23 +163,6 @@ void TestValidacion::leerMomento()
     QVERIFY(!LeerMomento("15/03/2024", "24:00").isValid());
     QVERIFY(!LeerMomento("2024-03-15", "12:00").isValid());
     QVERIFY(!LeerMomento("", "").isValid());
-}
-
-// The operator's typed time is a wall-clock reading: an hour that the local zone skips
-// for daylight saving must come back as typed, and shifting it must count whole hours.
-void TestValidacion::leerMomentoSinHorarioDeVerano()
-{
-    const QByteArray tzAnterior = qgetenv("TZ");
-    const auto restaurar = qScopeGuard([&] {
-        tzAnterior.isNull() ? qunsetenv("TZ") : qputenv("TZ", tzAnterior);
-        tzset();
-    });
-    qputenv("TZ", "Europe/Madrid");
-    tzset();
-    const QDateTime momento = LeerMomento("26/03/2023", "02:30");
-    QCOMPARE(momento.time(), QTime(2, 30));
-    QCOMPARE(momento.addSecs(3 * 3600).toString("dd/MM/yyyy hh:mm:ss"),
-             QStringLiteral("26/03/2023 05:30:00"));
 }
 
 QTEST_GUILESS_MAIN(TestValidacion)

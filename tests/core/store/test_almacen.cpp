@@ -21,17 +21,12 @@ private Q_SLOTS:
     void init();
     void cleanup();
     void logsYFilasVacias();
-    void idsYVaciarTodo();
-    void ordenDeCalendario();
-    void nulosLeidosComoVacios();
     void idaYVuelta_data();
     void idaYVuelta();
     void operacionesDeAlta();
     void comodines_data();
     void comodines();
     void historial();
-    void concursos();
-    void cuentasConOtraConexion();
     void fallaConMensaje_data();
     void fallaConMensaje();
 
@@ -85,78 +80,6 @@ void TestAlmacen::logsYFilasVacias()
     QCOMPARE(a.Logs(), (QStringList{u"Base 1"_s, u"Log inicial"_s}));
     QCOMPARE(a.CantidadQSOs(u"concurso"_s), 0);
     QCOMPARE(a.TodosLosQSOs().size(), 2);
-}
-
-void TestAlmacen::idsYVaciarTodo()
-{
-    Almacen &a = *alm_;
-    const RegistroQSO q = Qso(u"LU1ABC"_s);
-    const QString l = u"L"_s;
-    QCOMPARE(Hecho(a.AgregarQSO(q, l)), 1);
-    QCOMPARE(Hecho(a.AgregarQSO(q, l)), 2);
-    QVERIFY(a.BorrarQSO(2));
-    QCOMPARE(Hecho(a.AgregarQSO(q, l)), 3);
-    QVERIFY(a.BorrarLog(l));
-    QCOMPARE(Hecho(a.AgregarLogVacio(l)), 4);
-    FilaConcurso c;
-    c.NombreLog = u"Fiesta"_s;
-    QCOMPARE(Hecho(a.AgregarQSOConcurso(c)), 1);
-    QCOMPARE(Hecho(a.AgregarQSOConcurso(c)), 2);
-    QCOMPARE(Hecho(a.AgregarQSOEspera(q, u"VA"_s, l)), 1);
-
-    // "Hacer Tabla!": the three tables empty and each counter back at 1.
-    QVERIFY(a.VaciarTodo());
-    QVERIFY(a.Logs().isEmpty());
-    QVERIFY(a.LogsConcurso().isEmpty());
-    QVERIFY(a.FilasEspera().isEmpty());
-    QCOMPARE(Hecho(a.AgregarQSO(q, l)), 1);
-    QCOMPARE(Hecho(a.AgregarQSOConcurso(c)), 1);
-    QCOMPARE(Hecho(a.AgregarQSOEspera(q, u"VA"_s, l)), 1);
-    QCOMPARE(a.CantidadQSOs(l), 1);
-}
-
-void TestAlmacen::ordenDeCalendario()
-{
-    Almacen &a = *alm_;
-    Hecho(a.AgregarQSO(Qso(u"A1A"_s, u"02/01/2010"_s, u"00:10:00"_s), u"L"_s));
-    Hecho(a.AgregarQSO(Qso(u"A1B"_s, u"31/12/2009"_s, u"23:59:59"_s), u"L"_s));
-    Hecho(a.AgregarQSO(Qso(u"A1C"_s, u"10/01/2009"_s, u"12:00:00"_s), u"L"_s));
-    Hecho(a.AgregarQSO(Qso(u"A1D"_s, u"02/01/2010"_s, u"00:09:00"_s), u"L"_s));
-    QCOMPARE(Estaciones(a.PaginaLog(u"L"_s, 1)),
-             (QStringList{u"A1A"_s, u"A1D"_s, u"A1B"_s, u"A1C"_s}));
-    QCOMPARE(Estaciones(a.HistorialDe(u"L"_s, u"A1"_s)),
-             (QStringList{u"A1C"_s, u"A1B"_s, u"A1D"_s, u"A1A"_s}));
-    QCOMPARE(a.UltimoQSO(u"L"_s)->Fecha, u"02/01/2010"_s);
-    // On disk the date is ISO, so that the sqlite3 shell sorts it the same way.
-    OtraConexion otra(Archivo());
-    QCOMPARE(otra(u"SELECT Fecha FROM Tabla1 WHERE Estacion='A1B'"_s),
-             QStringList{u"2009-12-31"_s});
-}
-
-void TestAlmacen::nulosLeidosComoVacios()
-{
-    Almacen &a = *alm_;
-    const qint64 id = Hecho(a.AgregarLogVacio(u"Vacío"_s));
-    FilaQSO esperada;
-    esperada.id = id;
-    esperada.NombreLog = u"Vacío"_s;
-    QCOMPARE(*a.QSOPorId(u"Vacío"_s, id), esperada);
-    OtraConexion otra(Archivo());
-    QCOMPARE(otra(u"SELECT count(*) FROM Tabla1 WHERE Modo IS NULL AND Fecha IS NULL AND "
-                  "Argento IS NULL"_s),
-             QStringList{u"1"_s});
-
-    // A contest row leaves Operador and Argento unset.
-    FilaConcurso c;
-    c.NombreLog = u"Fiesta"_s;
-    c.Modo = u"CW"_s;
-    c.Operador = u"no se guarda"_s;
-    c.Argento = u"tampoco"_s;
-    Hecho(a.AgregarQSOConcurso(c));
-    const FilaConcurso leida = a.LogConcurso(u"Fiesta"_s).value(0);
-    QCOMPARE(leida.Operador, QString());
-    QCOMPARE(leida.Argento, QString());
-    QCOMPARE(leida.Modo, u"CW"_s);
 }
 
 void TestAlmacen::idaYVuelta_data()
@@ -321,71 +244,6 @@ void TestAlmacen::historial()
                  (QStringList{u"LU1ZZ"_s, u"LU1Z"_s, u"LU1Z/P"_s, u"lu1zb"_s}));
     QCOMPARE(a.HistorialDe(u"L"_s, u"LU1?"_s).size(), 6);
     QCOMPARE(a.HistorialDe(u"L"_s, u"XX"_s).size(), 0);
-}
-
-void TestAlmacen::concursos()
-{
-    Almacen &a = *alm_;
-    FilaConcurso fundadora;
-    fundadora.NombreLog = fundadora.LbN = u"Fiesta"_s;
-    fundadora.Nombre_Sat = u"Incremental"_s;
-    Hecho(a.AgregarQSOConcurso(fundadora));
-    Hecho(a.AgregarQSOConcurso(FilaConcurso{})); // a row of no contest
-    FilaConcurso qso = fundadora;
-    qso.Modo = u"SSB"_s;
-    qso.Banda = u"40m"_s;
-    qso.Estacion = u"LU1ABC"_s;
-    qso.Fecha = u"20240105"_s;
-    qso.Hora = u"1200"_s;
-    qso.Obs = u"nota"_s;
-    const qint64 uno = Hecho(a.AgregarQSOConcurso(qso));
-    qso.Estacion = u"LU2XYZ"_s;
-    qso.Hora = u"1100"_s;
-    const qint64 dos = Hecho(a.AgregarQSOConcurso(qso));
-
-    QCOMPARE(a.LogsConcurso(), QStringList{u"Fiesta"_s});
-    QVERIFY(a.ExisteLogConcurso(u"fiesta"_s));
-    QVERIFY(!a.ExisteLogConcurso(u"Otra"_s));
-    QCOMPARE(a.SatelitesDeConcurso(u"Fiesta"_s), QStringList{u"Incremental"_s});
-    QCOMPARE(a.LogConcurso(u"Fiesta"_s).size(), 3);
-    QCOMPARE(Estaciones(a.VistaConcurso(u"Fiesta"_s)), (QStringList{u"LU2XYZ"_s, u"LU1ABC"_s}));
-    QCOMPARE(a.LogConcursoOrdenado(u"Fiesta"_s, true).last().id, uno);
-    QCOMPARE(a.ConcursoPorModoBanda(u"Fiesta"_s, u"ssb"_s, u"40m"_s).size(), 2);
-    QCOMPARE(a.ConcursoPorModoBandaEstacion(u"Fiesta"_s, u"SSB"_s, u"40m"_s, u"LU2XYZ"_s).size(),
-             1);
-
-    // The contest edit leaves Obs and the log name alone.
-    FilaConcurso cambio = qso;
-    cambio.Estacion = u"LU3QQ"_s;
-    cambio.Obs = u"otra"_s;
-    cambio.NombreLog = u"Otra"_s;
-    QVERIFY(a.ActualizarQSOConcurso(dos, cambio));
-    const FilaConcurso leida = a.VistaConcurso(u"Fiesta"_s).value(0);
-    QCOMPARE(leida.Estacion, u"LU3QQ"_s);
-    QCOMPARE(leida.Obs, u"nota"_s);
-    QVERIFY(a.BorrarQSOConcurso(uno));
-    QCOMPARE(a.LogConcurso(u"Fiesta"_s).size(), 2);
-    QVERIFY(a.BorrarLogConcurso(u"Fiesta"_s));
-    QVERIFY(a.LogsConcurso().isEmpty());
-}
-
-void TestAlmacen::cuentasConOtraConexion()
-{
-    Almacen &a = *alm_;
-    Hecho(a.AgregarLogVacio(u"A"_s));
-    Hecho(a.AgregarQSO(Qso(u"LU1ABC"_s), u"A"_s));
-    OtraConexion otra(Archivo());
-    otra(u"INSERT INTO Tabla1 (Modo, \"Nombre Log\") VALUES ('CW', 'a'), ('', 'a'), ('FM', 'B')"_s);
-    QCOMPARE(a.LogsConCantidad(), (Cantidades{{u"A"_s, 2}, {u"B"_s, 1}}));
-    // The placeholder turned into a QSO, a QSO moved to another log, one deleted.
-    otra(u"UPDATE Tabla1 SET Modo='SSB' WHERE Modo IS NULL"_s);
-    QCOMPARE(a.CantidadQSOs(u"A"_s), 3);
-    otra(u"UPDATE Tabla1 SET \"Nombre Log\"='C' WHERE Modo='FM'"_s);
-    QCOMPARE(a.LogsConCantidad(), (Cantidades{{u"A"_s, 3}, {u"C"_s, 1}}));
-    otra(u"DELETE FROM Tabla1 WHERE Modo='CW'"_s);
-    QCOMPARE(a.LogsConCantidad(), (Cantidades{{u"A"_s, 2}, {u"C"_s, 1}}));
-    otra(u"DELETE FROM Tabla1 WHERE \"Nombre Log\"='A'"_s);
-    QCOMPARE(a.Logs(), QStringList{u"C"_s});
 }
 
 void TestAlmacen::fallaConMensaje_data()

@@ -91,8 +91,6 @@ private Q_SLOTS:
     void cleanup();
     void cargaMasiva_data();
     void cargaMasiva();
-    void cuandoEsMasiva_data();
-    void cuandoEsMasiva();
     void deshacerCargaMasiva();
 
 private:
@@ -174,43 +172,6 @@ void TestCarga::cargaMasiva()
                 .join(u' ');
         QVERIFY2(plan.contains(u"USING INDEX Tabla1_Estacion"), qPrintable(plan));
     }
-}
-
-void TestCarga::cuandoEsMasiva_data()
-{
-    QTest::addColumn<int>("previas");
-    QTest::addColumn<int>("altas");
-    QTest::addColumn<bool>("transaccion");
-    QTest::addColumn<bool>("masiva");
-    QTest::newRow("menos que el umbral") << 0 << 9 << true << false;
-    QTest::newRow("el umbral") << 0 << 10 << true << true;
-    QTest::newRow("sin transacción") << 0 << 30 << false << false;
-    QTest::newRow("menos que las que había") << 50 << 30 << true << false;
-    QTest::newRow("tantas como había") << 50 << 50 << true << true;
-}
-
-void TestCarga::cuandoEsMasiva()
-{
-    QFETCH(int, previas);
-    QFETCH(int, altas);
-    QFETCH(bool, transaccion);
-    QFETCH(bool, masiva);
-    Almacen &a = *alm_;
-    a.UmbralCargaMasiva(10);
-    Hecho(a.IniciarTransaccion());
-    for (int i = 0; i < previas; ++i)
-        Hecho(a.AgregarQSO(Qso(u"LU1ABC"_s), u"A"_s));
-    QVERIFY(a.ConfirmarTransaccion());
-    if (transaccion)
-        QVERIFY(a.IniciarTransaccion());
-    for (int i = 0; i < altas; ++i)
-        Hecho(a.AgregarQSO(Qso(u"LU2XYZ"_s), u"B"_s));
-    QCOMPARE(a.EnCargaMasiva(), masiva);
-    if (transaccion)
-        QVERIFY(a.ConfirmarTransaccion());
-    QVERIFY(!a.EnCargaMasiva());
-    QCOMPARE(a.LogsConCantidad(), previas ? (Cantidades{{u"A"_s, previas}, {u"B"_s, altas}})
-                                          : (Cantidades{{u"B"_s, altas}}));
 }
 
 void TestCarga::deshacerCargaMasiva()

@@ -70,7 +70,6 @@ private Q_SLOTS:
     void pasoFallido();
     void noEsBaseDeDatos_data();
     void noEsBaseDeDatos();
-    void carpetaInvalida();
 
 private:
     QString Archivo() const { return dir_->filePath(u"base0.db"_s); }
@@ -249,26 +248,6 @@ void TestEsquema::noEsBaseDeDatos()
     // Not a byte written, not even a journal beside it.
     QCOMPARE(Contenido(Archivo()), antes);
     QCOMPARE(QDir(dir_->path()).entryList(QDir::Files), archivosAntes);
-}
-
-void TestEsquema::carpetaInvalida()
-{
-    alm_->Cerrar();
-    Almacen otro;
-    QVERIFY(otro.Abrir(dir_->filePath(u"no/existe/base0.db"_s))
-                .Mensaje()
-                .startsWith(u"No existe la carpeta"));
-    QVERIFY(!otro.Abierto());
-
-    const QString carpeta = dir_->filePath(u"solo_lectura"_s);
-    QDir().mkpath(carpeta);
-    QFile::setPermissions(carpeta, QFile::ReadOwner | QFile::ExeOwner);
-    if (QFileInfo(carpeta).isWritable())
-        QSKIP("Como administrador toda carpeta se puede escribir");
-    QVERIFY(otro.Abrir(carpeta + u"/base0.db"_s)
-                .Mensaje()
-                .startsWith(u"No se puede escribir en la carpeta"));
-    QVERIFY(!QFile::exists(carpeta + u"/base0.db"_s));
 }
 
 QTEST_GUILESS_MAIN(TestEsquema)

@@ -20,7 +20,6 @@ private Q_SLOTS:
     void init();
     void cleanup();
     void paginasComoReferencia();
-    void paginaTrasEscrituraAjena();
 
 private:
     QString Archivo() const { return dir_->filePath(u"base0.db"_s); }
@@ -100,38 +99,6 @@ void TestPaginas::paginasComoReferencia()
     QVERIFY(a.BorrarQSO(ref[110].id));
     ref.remove(110);
     QVERIFY(igual(121));
-}
-
-void TestPaginas::paginaTrasEscrituraAjena()
-{
-    Almacen &a = *alm_;
-    const QString log = u"P"_s;
-    for (int i = 0; i < 60; ++i)
-        Hecho(a.AgregarQSO(
-            Qso(u"LU%1"_s.arg(i), u"01/01/2024"_s, u"10:%1:00"_s.arg(i, 2, 10, QLatin1Char('0'))),
-            log));
-    QCOMPARE(a.PaginaLog(log, 1).first().Estacion, u"LU59"_s);
-    // A newer QSO written by someone else moves every row down by one.
-    OtraConexion otra(Archivo());
-    otra(u"INSERT INTO Tabla1 (Modo, Estacion, Fecha, Hora, \"Nombre Log\") VALUES ('CW', "
-         "'AJENO', '2024-01-02', '00:00:00', 'P')"_s);
-    QCOMPARE(a.PaginaLog(log, 21).first().Estacion, u"LU40"_s);
-
-    // Rows without a date or time, written from outside, sort last and cannot be sought by
-    // key; every row is still listed once, walking forward or back.
-    otra(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<30) INSERT INTO "
-         "Tabla1 (Modo, Estacion, \"Nombre Log\") SELECT 'CW', 'SINFECHA' || i, 'P' FROM n"_s);
-    QCOMPARE(a.CantidadQSOs(log), 91);
-    QStringList adelante, atras;
-    for (qint64 fila = 1; fila <= 91; fila += 20)
-        adelante += Estaciones(a.PaginaLog(log, fila));
-    for (qint64 fila = 81; fila >= 1; fila -= 20)
-        atras = Estaciones(a.PaginaLog(log, fila)) + atras;
-    QCOMPARE(adelante.size(), 91);
-    QCOMPARE(atras, adelante);
-    QCOMPARE(adelante.first(), u"AJENO"_s);
-    QCOMPARE(adelante.mid(61).filter(u"SINFECHA"_s).size(), 30);
-    QCOMPARE(QSet<QString>(adelante.begin(), adelante.end()).size(), 91);
 }
 
 QTEST_GUILESS_MAIN(TestPaginas)
