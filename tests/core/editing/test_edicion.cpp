@@ -24,6 +24,7 @@ private Q_SLOTS:
     void disenoDeLaEstacion();
     void ajustesDelDisenador_data();
     void ajustesDelDisenador();
+    void pedidoAlDisenador();
 };
 
 void TestEdicion::disenoDeLaEstacion_data()
@@ -82,6 +83,22 @@ void TestEdicion::ajustesDelDisenador()
     QCOMPARE(a.programa, programa);
     QCOMPARE(a.Disenos(), carpeta + QStringLiteral("/MisQSLs"));
     QCOMPARE(a.Salida(), carpeta + QStringLiteral("/Salida"));
+}
+
+// The designer reads one argument, its keys in this order; blanks in the remarks must not
+// cut it into several. The picture drops the slashes of call and date; the question
+// that names it keeps the call's, as it always has.
+void TestEdicion::pedidoAlDisenador()
+{
+    const DatosQsl d{"LU1AAA", "LU2BB/P", "05/03/2024",        "14:30", "SSB", "40m",
+                     "59",     "so-50",   "Gracias por el QSO"};
+    QCOMPARE(ArgumentosQsl(d),
+             QStringList{QStringLiteral(
+                 "Tordo$de=LU1AAA$para=LU2BB/P$fecha=05/03/2024$hora=14:30"
+                 "$modo=SSB$banda=40m$reporte=59$sat=SO-50$nota=Gracias por el QSO")});
+    QCOMPARE(NombreImagenQsl(d.para, d.fecha), QStringLiteral("LU2BB_P_05032024.jpg"));
+    QCOMPARE(PreguntaVerQsl(d.para, d.fecha, QStringLiteral("/q/Salida")),
+             QStringLiteral("QSL LU2BB/P_05032024.jpg guardada en /q/Salida/\r\n\r\nDesea verla?"));
 }
 
 QTEST_GUILESS_MAIN(TestEdicion)
