@@ -1,56 +1,30 @@
-// The files of the configuration: Windows-1252 text, config.ini with its scrambled
-// passwords, and the memory files of the main window.
+// config.ini with its scrambled passwords, and the memory files of the main window.
 
 #include "core/config/ClaveConfig.h"
 #include "core/config/Configuracion.h"
 #include "core/config/Memoria.h"
 #include "core/nationallog/EscapeLbN.h"
 #include "core/platform/ArchivoTexto.h"
-#include "support/ContextoPrueba.h"
 #include "support/Semilla.h"
 
-#include <QDir>
+#include <QFile>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QTest>
 
-Q_DECLARE_METATYPE(Configuracion)
-
 namespace {
 
-// Every field away from its default, odd characters in the passwords.
-Configuracion Completa()
-{
-    return Configuracion{.Estacion = "LU1ABC",
-                         .Operador = "LU2DEF/P",
-                         .DiferUTC = "-3",
-                         .GridLoca = "FF55AB",
-                         .UserLbN = "yo@ejemplo.com.ar",
-                         .PassLbN = "clave 100% & más",
-                         .NoBorrar = 1,
-                         .Pantalla = 1,
-                         .HAMQuser = "lu1abc",
-                         .HAMQpass = "Ñandú€)~",
-                         .LBNQuser = "lbn",
-                         .LBNQpass = "x=y;z",
-                         .eQSLuser = "eqsl",
-                         .eQSLpass = QStringLiteral("p \u0081\u009d"),
-                         .ArcAudio = "/home/op/cq ñ.wav",
-                         .Puerto = "COM3",
-                         .PinPTT = 1,
-                         .TAntes = "200",
-                         .TDespues = "500"};
-}
+// Every field away from its default, in the order of the struct (Estacion to TDespues),
+// odd characters in the passwords.
+// clang-format off
+const Configuracion Completa = {"lu1abc", "LU2DEF/P", "-3", "FF55AB", "yo@ejemplo.com.ar",
+    "clave 100% & más", 1, 1, "lu1abc", "Ñandú€)~", "lbn", "x=y;z", "eqsl", "p \u0081\u009d",
+    "/home/op/cq ñ.wav", "COM3", 1, "200", "500"};
+// clang-format on
 
-QString Mostrar(const MemoriaRestaurada &m)
-{
-    const auto t = [](const std::optional<QString> &v) { return v.value_or("-"); };
-    const auto n = [](const std::optional<int> &v) { return v ? QString::number(*v) : "-"; };
-    return QStringLiteral("%1.%2 %3 qtr=%4 sat=%5 modo=%6 via=%7")
-        .arg(t(m.mhz), t(m.khz), t(m.banda), n(m.check1), t(m.satelite), t(m.modo), n(m.check2));
-}
+using B = QByteArray;
 
-bool EscribirBytes(const QString &archivo, const QByteArray &bytes)
+bool Escribir(const QString &archivo, const QByteArray &bytes)
 {
     QFile f(archivo);
     return f.open(QIODevice::WriteOnly) && f.write(bytes) == bytes.size();
@@ -63,181 +37,127 @@ class TestConfig : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void claveConfig_data();
-    void claveConfig();
-    void claveConfigIdaYVuelta();
-    void escaparLbN();
-    void configuracionIdaYVuelta();
-    void configuracionArchivosRaros_data();
-    void configuracionArchivosRaros();
-    void memoriaRestaurar_data();
-    void memoriaRestaurar();
-};
-
-void TestConfig::claveConfig_data()
-{
-    QTest::addColumn<QByteArray>("texto");
-    QTest::addColumn<int>("modo");
-    QTest::addColumn<QByteArray>("esperado");
-    // 'z' with X X 9 Q Z k 4 7 t, then X again for the tenth.
-    QTest::newRow("diez") << QByteArray("zzzzzzzzzz") << 0
-                          << QByteArray("\xd2\xd2\xb3\xcb\xd4\xe5\xae\xb1\xee\xd2");
-    QTest::newRow("vuelta por 255") << QByteArray("\xc8") << 0 << QByteArray("!");
-    QTest::newRow("suma 255 queda") << QByteArray("\xa7") << 0 << QByteArray("\xff");
-    // Code 255 scrambles to the key character, which must come back as 255, not as a 0
-    // that no text can hold: the round trip below holds it to that.
-    QTest::newRow("255 cifra a la clave") << QByteArray("\xff") << 0 << QByteArray("X");
-    QTest::newRow("modo 1") << QByteArray("abc") << 1 << QByteArray();
-}
-
-void TestConfig::claveConfig()
-{
-    QFETCH(QByteArray, texto);
-    QFETCH(int, modo);
-    QFETCH(QByteArray, esperado);
-    QCOMPARE(A1252(ClaveConfig(De1252(texto), ClaveTextoConfig(), modo)), esperado);
-}
-
-void TestConfig::claveConfigIdaYVuelta()
-{
-    QRandomGenerator azar(Semilla());
-    for (int vuelta = 0; vuelta < 2000; ++vuelta) {
-        QByteArray codigos(azar.bounded(1, 40), Qt::Uninitialized);
-        for (char &c : codigos)
-            c = static_cast<char>(azar.bounded(1, 256)); // every code from 1 to 255
-        const QString texto = De1252(codigos);
-        const QString cifrado = ClaveConfig(texto, ClaveTextoConfig(), kModoCifrar);
-        QCOMPARE(cifrado.size(), texto.size());
-        QCOMPARE(ClaveConfig(cifrado, ClaveTextoConfig(), kModoDescifrar), texto);
+    // The passwords' scrambling: codes are added to the key's ('z' with X X 9 Q Z k 4 7 t, then X
+    // again), wrapping by 255: a sum of exactly 255 stays, and 255 scrambles to the key character
+    // itself. Any text of codes 1 to 255 comes back, 255 included, with its length.
+    void claveConfig()
+    {
+        const auto cifrar = [](const QByteArray &t, int modo) {
+            return A1252(ClaveConfig(De1252(t), ClaveTextoConfig(), modo));
+        };
+        QCOMPARE(cifrar("zzzzzzzzzz", 0), QByteArray("\xd2\xd2\xb3\xcb\xd4\xe5\xae\xb1\xee\xd2"));
+        QCOMPARE(cifrar("\xc8\xa7\xff", 0), QByteArray("!\xff\x39"));
+        QCOMPARE(cifrar("abc", 1), QByteArray());
+        QRandomGenerator azar(Semilla());
+        for (int vuelta = 0; vuelta < 2000; ++vuelta) {
+            QByteArray codigos(azar.bounded(1, 40), Qt::Uninitialized);
+            for (char &c : codigos)
+                c = static_cast<char>(azar.bounded(1, 256));
+            const QByteArray cifrado = cifrar(codigos, kModoCifrar);
+            QCOMPARE(cifrado.size(), codigos.size());
+            QCOMPARE(cifrar(cifrado, kModoDescifrar), codigos);
+        }
+        // The national log's escape: one already in the text is escaped again, and only
+        // the reserved characters are.
+        QCOMPARE(EscaparLbN("%26!*'();:@&=+$,/?#[] ñ~"),
+                 QStringLiteral("%2526%21%2A%27%28%29%3B%3A%40%26%3D%2B%24%2C%2F%3F%23%5B%5D ñ~"));
     }
-}
 
-void TestConfig::escaparLbN()
-{
-    QCOMPARE(EscaparLbN("a%26& ñ~"), QStringLiteral("a%2526%26 ñ~"));
-    QCOMPARE(EscaparLbN("%!*'();:@&=+$,/?#[]"),
-             QStringLiteral("%25%21%2A%27%28%29%3B%3A%40%26%3D%2B%24%2C%2F%3F%23%5B%5D"));
-}
+    // Written: the keys in their order, the callsigns upper-cased, three passwords
+    // scrambled; read back as it was. With no log in use, the initial one is named.
+    void idaYVuelta()
+    {
+        QTemporaryDir dir;
+        const QString archivo = dir.filePath(QStringLiteral("config.ini"));
+        QString log = QStringLiteral("Concurso 'Día'");
+        QVERIFY(GuardarConfiguracion(archivo, Completa, log));
+        const QStringList lineas = LeerLineas(archivo).ValorO({});
+        QCOMPARE(lineas.size(), ClavesConfiguracion().size());
+        for (qsizetype i = 0; i < lineas.size(); ++i)
+            QVERIFY2(lineas[i].startsWith(ClavesConfiguracion()[i]), qPrintable(lineas[i]));
+        QVERIFY(!lineas[10].contains(QStringLiteral("Ñandú")));
+        Configuracion leida;
+        QString logLeido;
+        LeerConfiguracion(archivo, leida, logLeido);
+        Configuracion esperada = Completa;
+        esperada.Estacion = QStringLiteral("LU1ABC");
+        QCOMPARE(leida, esperada);
+        QCOMPARE(logLeido, log);
+        log.clear();
+        QVERIFY(!GuardarConfiguracion(dir.filePath("falta/config.ini"), Completa, log));
+        QCOMPARE(log, LogInicial());
+    }
 
-void TestConfig::configuracionIdaYVuelta()
-{
-    ContextoPrueba prueba;
-    const QString archivo = prueba.Archivo(QStringLiteral("config.ini"));
-    Configuracion c = Completa();
-    c.Estacion = QStringLiteral("lu1abc");
-    QString log = QStringLiteral("Concurso 'Día'");
-    // An older, longer file is replaced whole.
-    QVERIFY(prueba.Escribir(QStringLiteral("config.ini"), QByteArray(5000, 'z')));
-    QVERIFY(GuardarConfiguracion(archivo, c, log));
+    // What the file brings over what the window held: the lines of config.ini that then
+    // differ, '|' between them. Every read sets the grid, empty when the file has none.
+    void archivosRaros_data()
+    {
+        QTest::addColumn<QByteArray>("contenido"); // null: no file at all
+        QTest::addColumn<QString>("cambios");
+        QTest::newRow("sin archivo: ni la grilla") << B() << "GridLoca=FF55AB";
+        QTest::newRow("clave dentro") << B("xxEstacion=LU1\r\n") << "Estacion=N=LU1";
+        QTest::newRow("LF") << B("Estacion=LU5X\nLogenUso=Otro") << "Estacion=LU5X|LogenUso=Otro";
+        // Keys are case-sensitive; an empty Puerto, TAntes, TDespues or Pantalla keeps.
+        QTest::newRow("nada cambia")
+            << QByteArrayLiteral("estacion=LU1\r\nPuerto  =\r\nTAntes  =\r\n"
+                                 "\0\xff\xfe\x81\r\r\n\x1a\x9d\0\0\nTDespues=\nPantalla=")
+            << "";
+        QTest::newRow("PinPTT 2 es DTR") << B("PinPTT  =2\r\n") << "PinPTT  =0";
+        QTest::newRow("NoBorrar enorme") << B("NoBorrar=99999999999999") << "NoBorrar=1000000000";
+        QTest::newRow("largos") << "Operador=" + B(150, 'A') + "\nArcAudio=" + B(1500, 'a')
+                                << "Operador=" + QString(100, u'A') +
+                                       "|ArcAudio=" + QString(1000, u'a');
+    }
 
-    QList<QByteArray> lineas = prueba.Leer(QStringLiteral("config.ini")).split('\n');
-    QCOMPARE(lineas.takeLast(), QByteArray());
-    QCOMPARE(lineas.size(), 20);
-    for (qsizetype i = 0; i < lineas.size(); ++i)
-        QVERIFY2(lineas[i].startsWith(ClavesConfiguracion()[i].toLatin1()) &&
-                     lineas[i].endsWith('\r'),
-                 lineas[i].constData());
-    QCOMPARE(lineas[0], QByteArray("Estacion=LU1ABC\r"));
-    QCOMPARE(lineas[6], QByteArray("PassLbN_=clave 100% & m\xe1s\r"));
-    QVERIFY(!lineas[10].contains("\xd1"
-                                 "and"));
+    void archivosRaros()
+    {
+        QFETCH(QByteArray, contenido);
+        QTemporaryDir dir;
+        const QString archivo = dir.filePath(QStringLiteral("config.ini"));
+        QVERIFY(contenido.isNull() || Escribir(archivo, contenido));
+        Configuracion c = Completa, antes = Completa;
+        QString log = QStringLiteral("Previo");
+        LeerConfiguracion(archivo, c, log);
+        antes.GridLoca.clear();
+        const QStringList previas = LineasConfiguracion(antes, QStringLiteral("Previo"));
+        QStringList cambios = LineasConfiguracion(c, log);
+        cambios.removeIf([&](const QString &linea) { return previas.contains(linea); });
+        QTEST(cambios.join(u'|'), "cambios");
+    }
 
-    Configuracion leida;
-    QString logLeido;
-    LeerConfiguracion(archivo, leida, logLeido);
-    c.Estacion = QStringLiteral("LU1ABC");
-    QCOMPARE(leida, c);
-    QCOMPARE(logLeido, log);
-    // A folder that is not there: nothing written, and the caller is told in Spanish.
-    const QString falta = prueba.Archivo("falta/config.ini");
-    QVERIFY(GuardarConfiguracion(falta, c, log)
-                .Mensaje()
-                .startsWith(QStringLiteral("No se pudo guardar el archivo %1.\r\n\r\n")
-                                .arg(QDir::toNativeSeparators(falta))));
-}
+    // The files as "name=content" ('|' for a line end), and what the main window is told:
+    // mem.ini first (650 kHz without it), then the satellite, then each .cfg file.
+    void memoria_data()
+    {
+        QTest::addColumn<QStringList>("archivos");
+        QTest::addColumn<QString>("restaurado");
+        QTest::newRow("sin archivos") << QStringList{} << "-.650 - qtr=- sat=- modo=- via=-";
+        QTest::newRow("sin punto")
+            << QStringList{"mem.ini=7150|40m| 1 |"} << "-.715 40m qtr=1 sat=- modo=- via=-";
+        QTest::newRow("los cfg ganan")
+            << QStringList{"mem.ini=7.150|40m|0|", "memMhz.cfg=14|",   "memKhz.cfg=200|",
+                           "memModo.cfg=PSK31|",   "memqSat.cfg= 1 |", "memsat.ini=AO-91|x|"}
+            << "14.200 40m qtr=0 sat=AO-91 modo=PSK31 via=1";
+        QTest::newRow("vacios") << QStringList{"memMhz.cfg=", "memModo.cfg=|", "memqSat.cfg=x"}
+                                << "-.650 - qtr=- sat=- modo= via=0";
+    }
 
-void TestConfig::configuracionArchivosRaros_data()
-{
-    QTest::addColumn<QByteArray>("contenido"); // null: no file at all
-    QTest::addColumn<Configuracion>("esperada");
-    QTest::addColumn<QString>("logEsperado");
-    // What the window held; every read sets the grid, empty when the file has none.
-    Configuracion antes = Completa();
-    antes.GridLoca.clear();
-    const auto fila = [&](const char *nombre, const QByteArray &contenido,
-                          const std::function<void(Configuracion &)> &cambio,
-                          const QString &log = QStringLiteral("Previo")) {
-        Configuracion c = antes;
-        cambio(c);
-        QTest::newRow(nombre) << contenido << c << log;
-    };
-    const auto nada = [](Configuracion &) {};
-
-    fila("sin archivo: ni la grilla", QByteArray(),
-         [](Configuracion &c) { c.GridLoca = Completa().GridLoca; });
-    fila("clave dentro de una linea", "xxEstacion=LU1ABC\r\n",
-         [](Configuracion &c) { c.Estacion = "n=LU1ABC"; });
-    fila(
-        "corto, solo lf", "Estacion=LU5X\nLogenUso=Otro",
-        [](Configuracion &c) { c.Estacion = "LU5X"; }, "Otro");
-    fila("mayusculas importan", "estacion=LU1ABC\r\n", nada);
-    fila("vacios quedan", "Puerto  =\r\nTAntes  =\r\nTDespues=\r\nPantalla=\r\n", nada);
-    fila("pinptt 2", "PinPTT  =2\r\n", [](Configuracion &c) { c.PinPTT = 0; });
-    fila("noborrar enorme", "NoBorrar=99999999999999\r\n",
-         [](Configuracion &c) { c.NoBorrar = 1000000000; });
-    fila("150 se corta a 100", "Operador=" + QByteArray(150, 'A'),
-         [](Configuracion &c) { c.Operador = QString(100, u'A'); });
-    fila("audio hasta 1000", "ArcAudio=" + QByteArray(1500, 'a'),
-         [](Configuracion &c) { c.ArcAudio = QString(1000, u'a'); });
-    fila("basura binaria", QByteArray("\0\xff\xfe\x81\r\r\n\x1a\x9d\0\0", 11), nada);
-    fila("clave sola al final", "LogenUso=", nada, QString());
-}
-
-void TestConfig::configuracionArchivosRaros()
-{
-    QFETCH(QByteArray, contenido);
-    QFETCH(Configuracion, esperada);
-    QFETCH(QString, logEsperado);
-    QTemporaryDir dir;
-    const QString archivo = dir.filePath(QStringLiteral("config.ini"));
-    if (!contenido.isNull())
-        QVERIFY(EscribirBytes(archivo, contenido));
-    Configuracion c = Completa();
-    QString log = QStringLiteral("Previo");
-    LeerConfiguracion(archivo, c, log);
-    QCOMPARE(c, esperada);
-    QCOMPARE(log, logEsperado);
-}
-
-void TestConfig::memoriaRestaurar_data()
-{
-    QTest::addColumn<QStringList>("archivos"); // name, content, name, content, …
-    QTest::addColumn<QString>("esperado");
-    const auto fila = [](const char *nombre, const QStringList &archivos, const char *esperado) {
-        QTest::newRow(nombre) << archivos << QString::fromUtf8(esperado);
-    };
-    fila("sin archivos", {}, "-.650 - qtr=- sat=- modo=- via=-");
-    fila("mem.ini", {"mem.ini", "7.150\r\n40m\r\n 1 \r\n\r\n"},
-         "7.150 40m qtr=1 sat=- modo=- via=-");
-    fila("sin punto", {"mem.ini", "7150\r\n40m\r\n0\r\n"}, "-.715 40m qtr=0 sat=- modo=- via=-");
-    fila("corto", {"mem.ini", "3.650"}, "3.650 - qtr=- sat=- modo=- via=-");
-    fila("los cfg ganan",
-         {"mem.ini", "7.150\r\n40m\r\n0\r\n", "memMhz.cfg", "14\r\n", "memKhz.cfg", "200\r\n",
-          "memModo.cfg", "PSK31\r\n", "memqSat.cfg", " 1 \r\n", "memsat.ini", "AO-91\r\nx\r\n"},
-         "14.200 40m qtr=0 sat=AO-91 modo=PSK31 via=1");
-    fila("vacios", {"memMhz.cfg", "", "memModo.cfg", "\r\n", "memqSat.cfg", "x", "memsat.ini", ""},
-         "-.650 - qtr=- sat=- modo= via=0");
-}
-
-void TestConfig::memoriaRestaurar()
-{
-    QFETCH(QStringList, archivos);
-    QFETCH(QString, esperado);
-    QTemporaryDir dir;
-    for (qsizetype i = 0; i + 1 < archivos.size(); i += 2)
-        QVERIFY(EscribirBytes(dir.filePath(archivos[i]), A1252(archivos[i + 1])));
-    QCOMPARE(Mostrar(RestaurarMemoria(dir.path())), esperado);
-}
+    void memoria()
+    {
+        QFETCH(QStringList, archivos);
+        QTemporaryDir dir;
+        for (const QString &a : archivos)
+            QVERIFY(Escribir(dir.filePath(a.section(u'=', 0, 0)),
+                             A1252(a.section(u'=', 1).replace(u'|', "\r\n"))));
+        const MemoriaRestaurada m = RestaurarMemoria(dir.path());
+        const auto t = [](const std::optional<QString> &v) { return v.value_or("-"); };
+        const auto n = [](const std::optional<int> &v) { return v ? QString::number(*v) : "-"; };
+        const QStringList campos{t(m.mhz) + "." + t(m.khz), t(m.banda),
+                                 "qtr=" + n(m.check1),      "sat=" + t(m.satelite),
+                                 "modo=" + t(m.modo),       "via=" + n(m.check2)};
+        QTEST(campos.join(u' '), "restaurado");
+    }
+};
 
 QTEST_GUILESS_MAIN(TestConfig)
 #include "test_config.moc"

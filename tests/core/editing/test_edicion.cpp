@@ -6,100 +6,67 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-namespace {
-
-bool Escribir(const QString &ruta, const QByteArray &contenido)
-{
-    QFile f(ruta);
-    return f.open(QIODevice::WriteOnly) && f.write(contenido) == contenido.size();
-}
-
-} // namespace
-
 class TestEdicion : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void disenoDeLaEstacion_data();
-    void disenoDeLaEstacion();
-    void ajustesDelDisenador_data();
-    void ajustesDelDisenador();
-    void pedidoAlDisenador();
-};
-
-void TestEdicion::disenoDeLaEstacion_data()
-{
-    // Files as "name=content"; the answer is the file name, or empty for none.
-    QTest::addColumn<QStringList>("archivos");
-    QTest::addColumn<QString>("elegido");
-    QTest::newRow("sin carpeta") << QStringList() << QString();
-    QTest::newRow("gana la primera por nombre")
-        << QStringList{"b.qsl=SuCall=LU1AAA", "a.qsl=SuCall=LU1AAA"} << QStringLiteral("a.qsl");
-    QTest::newRow("señal con portable") << QStringList{"e.qsl=SuCall=LU1AAA/P"} << QString();
-    QTest::newRow("otra extensión") << QStringList{"f.txt=SuCall=LU1AAA"} << QString();
-}
-
-void TestEdicion::disenoDeLaEstacion()
-{
-    QFETCH(QStringList, archivos);
-    QFETCH(QString, elegido);
-    QTemporaryDir tmp;
-    const QString carpeta = tmp.filePath(QStringLiteral("MisQSLs"));
-    if (!archivos.isEmpty())
-        QVERIFY(QDir().mkpath(carpeta));
-    for (const QString &a : archivos) {
-        const qsizetype igual = a.indexOf(QLatin1Char('='));
-        QVERIFY(Escribir(QDir(carpeta).filePath(a.left(igual)), a.mid(igual + 1).toUtf8()));
+    // Files as "name=content" in a folder that is both the home and the program folder: the
+    // designer lives in ~/Tordos unless tordos.ini moves it (keys in any case, paths from
+    // the home folder); its designs are in MisQSLs. The answer is the design chosen.
+    void disenoDeLaEstacion_data()
+    {
+        QTest::addColumn<QStringList>("archivos");
+        QTest::addColumn<QString>("elegido");
+        QTest::addColumn<QString>("programa"); // from the home folder unless absolute
+        // The first by name of the station's own: exactly its callsign, on any line.
+        QTest::newRow("la primera propia")
+            << QStringList{"Tordos/MisQSLs/c.qsl=SuCall=LU1AAA",
+                           "Tordos/MisQSLs/a.qsl=SuCall=LU1AAA/P",
+                           "Tordos/MisQSLs/b.qsl=x\nSuCall=LU1AAA",
+                           "Tordos/MisQSLs/a.txt=SuCall=LU1AAA", "tordos.ini=Programa=\n"}
+            << "b.qsl"
+            << "Tordos/Tordos";
+        QTest::newRow("carpeta del ini")
+            << QStringList{"tordos.ini=programa = /x/run\r\ncarpeta = otra\r\n",
+                           "otra/MisQSLs/d.qsl=SuCall=LU1AAA"}
+            << "d.qsl"
+            << "/x/run";
     }
-    const auto diseno = BuscarDisenoQsl(carpeta, QStringLiteral("LU1AAA"));
-    QCOMPARE(diseno ? QFileInfo(*diseno).fileName() : QString(), elegido);
-}
 
-void TestEdicion::ajustesDelDisenador_data()
-{
-    const QString casa = QDir::homePath();
-    QTest::addColumn<QByteArray>("ini"); // empty: no tordos.ini
-    QTest::addColumn<QString>("carpeta");
-    QTest::addColumn<QString>("programa");
-    QTest::newRow("sin archivo") << QByteArray() << casa + "/Tordos" << casa + "/Tordos/Tordos";
-    QTest::newRow("las dos, en cualquier orden")
-        << QByteArray("programa = /x/run\r\ncarpeta = /x/datos\r\n") << QStringLiteral("/x/datos")
-        << QStringLiteral("/x/run");
-    QTest::newRow("relativa a la casa, vacía")
-        << QByteArray("Programa=\nCarpeta=QSL/Tordos\n") << casa + "/QSL/Tordos"
-        << casa + "/QSL/Tordos/Tordos";
-}
-
-void TestEdicion::ajustesDelDisenador()
-{
-    QFETCH(QByteArray, ini);
-    QFETCH(QString, carpeta);
-    QFETCH(QString, programa);
-    QTemporaryDir tmp;
-    if (!ini.isEmpty())
-        QVERIFY(Escribir(tmp.filePath(QStringLiteral("tordos.ini")), ini));
-    const AjustesTordos a = AjustesTordos::Leer(tmp.path());
-    QCOMPARE(a.carpeta, carpeta);
-    QCOMPARE(a.programa, programa);
-    QCOMPARE(a.Disenos(), carpeta + QStringLiteral("/MisQSLs"));
-    QCOMPARE(a.Salida(), carpeta + QStringLiteral("/Salida"));
-}
-
-// The designer reads one argument, its keys in this order; blanks in the remarks must not
-// cut it into several. The picture drops the slashes of call and date; the question
-// that names it keeps the call's, as it always has.
-void TestEdicion::pedidoAlDisenador()
-{
-    const DatosQsl d{"LU1AAA", "LU2BB/P", "05/03/2024",        "14:30", "SSB", "40m",
-                     "59",     "so-50",   "Gracias por el QSO"};
-    QCOMPARE(ArgumentosQsl(d),
-             QStringList{QStringLiteral(
-                 "Tordo$de=LU1AAA$para=LU2BB/P$fecha=05/03/2024$hora=14:30"
-                 "$modo=SSB$banda=40m$reporte=59$sat=SO-50$nota=Gracias por el QSO")});
-    QCOMPARE(NombreImagenQsl(d.para, d.fecha), QStringLiteral("LU2BB_P_05032024.jpg"));
-    QCOMPARE(PreguntaVerQsl(d.para, d.fecha, QStringLiteral("/q/Salida")),
-             QStringLiteral("QSL LU2BB/P_05032024.jpg guardada en /q/Salida/\r\n\r\nDesea verla?"));
-}
+    void disenoDeLaEstacion()
+    {
+        QFETCH(QStringList, archivos);
+        QFETCH(QString, programa);
+        QTemporaryDir tmp;
+        qputenv("HOME", tmp.path().toUtf8());
+        for (const QString &a : archivos) {
+            const QString ruta = tmp.filePath(a.section(u'=', 0, 0));
+            QFile f(ruta);
+            QVERIFY(QDir().mkpath(QFileInfo(ruta).path()) && f.open(QIODevice::WriteOnly));
+            f.write(a.section(u'=', 1).toUtf8());
+        }
+        const AjustesTordos ajustes = AjustesTordos::Leer(tmp.path());
+        const auto diseno = BuscarDisenoQsl(ajustes.Disenos(), QStringLiteral("LU1AAA"));
+        QTEST(diseno ? QFileInfo(*diseno).fileName() : QString(), "elegido");
+        QCOMPARE(ajustes.programa, QDir(tmp.path()).filePath(programa));
+    }
+    // The designer reads one argument, its keys in this order: blanks in the remarks must
+    // not cut it. The picture drops the slashes of call and date; the question that names
+    // it keeps the call's, as it always has.
+    void pedidoAlDisenador()
+    {
+        const DatosQsl d{"LU1AAA", "LU2BB/P", "05/03/2024",        "14:30", "SSB", "40m",
+                         "59",     "so-50",   "Gracias por el QSO"};
+        QCOMPARE(ArgumentosQsl(d), QStringList{QStringLiteral(
+                                       "Tordo$de=LU1AAA$para=LU2BB/P$fecha=05/03/2024$hora=14:30"
+                                       "$modo=SSB$banda=40m$reporte=59$sat=SO-50$nota=Gracias "
+                                       "por el QSO")});
+        QCOMPARE(NombreImagenQsl(d.para, d.fecha), QStringLiteral("LU2BB_P_05032024.jpg"));
+        QCOMPARE(
+            PreguntaVerQsl(d.para, d.fecha, QStringLiteral("/q/Salida")),
+            QStringLiteral("QSL LU2BB/P_05032024.jpg guardada en /q/Salida/\r\n\r\nDesea verla?"));
+    }
+};
 
 QTEST_GUILESS_MAIN(TestEdicion)
 #include "test_edicion.moc"
