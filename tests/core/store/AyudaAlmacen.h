@@ -11,7 +11,10 @@
 #include <QSqlQuery>
 #include <QSqlRecord>
 #include <QStringList>
+#include <QTemporaryDir>
+#include <QTest>
 #include <QVariantList>
+#include <memory>
 
 inline RegistroQSO Qso(const QString &estacion, const QString &fecha = QStringLiteral("01/05/2020"),
                        const QString &hora = QStringLiteral("10:00:00"))
@@ -112,3 +115,28 @@ inline QStringList Esquema(OtraConexion &otra)
 {
     return otra(QStringLiteral("SELECT type, name, sql FROM sqlite_master ORDER BY name"));
 }
+
+// Every test of the store starts on a new file in a folder of its own, opened by the store.
+class PruebaAlmacen : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        dir_ = std::make_unique<QTemporaryDir>();
+        alm_ = std::make_unique<Almacen>();
+        const Resultado<> abierto = alm_->Abrir(Archivo());
+        QVERIFY2(abierto, qPrintable(abierto.Mensaje()));
+    }
+    void cleanup()
+    {
+        alm_.reset();
+        dir_.reset();
+    }
+
+protected:
+    QString Archivo() const { return dir_->filePath(QStringLiteral("base0.db")); }
+    std::unique_ptr<QTemporaryDir> dir_;
+    std::unique_ptr<Almacen> alm_;
+};

@@ -7,19 +7,16 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QTemporaryDir>
 #include <QTest>
 #include <functional>
 
 using namespace Qt::StringLiterals;
 
-class TestAlmacen : public QObject
+class TestAlmacen : public PruebaAlmacen
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
     void logsYFilasVacias();
     void idaYVuelta_data();
     void idaYVuelta();
@@ -29,26 +26,7 @@ private Q_SLOTS:
     void historial();
     void fallaConMensaje_data();
     void fallaConMensaje();
-
-private:
-    QString Archivo() const { return dir_->filePath(u"base0.db"_s); }
-    std::unique_ptr<QTemporaryDir> dir_;
-    std::unique_ptr<Almacen> alm_;
 };
-
-void TestAlmacen::init()
-{
-    dir_ = std::make_unique<QTemporaryDir>();
-    alm_ = std::make_unique<Almacen>();
-    const Resultado<> abierto = alm_->Abrir(Archivo());
-    QVERIFY2(abierto, qPrintable(abierto.Mensaje()));
-}
-
-void TestAlmacen::cleanup()
-{
-    alm_.reset();
-    dir_.reset();
-}
 
 void TestAlmacen::logsYFilasVacias()
 {

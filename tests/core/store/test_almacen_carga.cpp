@@ -4,7 +4,6 @@
 
 #include "AyudaAlmacen.h"
 
-#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -82,36 +81,15 @@ QStringList Cargar(Almacen &a, const QString &enMedio, bool *masivaEnMedio = nul
 
 } // namespace
 
-class TestCarga : public QObject
+class TestCarga : public PruebaAlmacen
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
     void cargaMasiva_data();
     void cargaMasiva();
     void deshacerCargaMasiva();
-
-private:
-    QString Archivo() const { return dir_->filePath(u"base0.db"_s); }
-    std::unique_ptr<QTemporaryDir> dir_;
-    std::unique_ptr<Almacen> alm_;
 };
-
-void TestCarga::init()
-{
-    dir_ = std::make_unique<QTemporaryDir>();
-    alm_ = std::make_unique<Almacen>();
-    const Resultado<> abierto = alm_->Abrir(Archivo());
-    QVERIFY2(abierto, qPrintable(abierto.Mensaje()));
-}
-
-void TestCarga::cleanup()
-{
-    alm_.reset();
-    dir_.reset();
-}
 
 void TestCarga::cargaMasiva_data()
 {

@@ -6,7 +6,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -57,13 +56,11 @@ QString Version(OtraConexion &otra)
 
 } // namespace
 
-class TestEsquema : public QObject
+class TestEsquema : public PruebaAlmacen
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
     void pasos_data();
     void pasos();
     void versionFutura();
@@ -72,28 +69,11 @@ private Q_SLOTS:
     void noEsBaseDeDatos();
 
 private:
-    QString Archivo() const { return dir_->filePath(u"base0.db"_s); }
     QString Ruta() const
     {
         return QDir::toNativeSeparators(QFileInfo(Archivo()).absoluteFilePath());
     }
-    std::unique_ptr<QTemporaryDir> dir_;
-    std::unique_ptr<Almacen> alm_;
 };
-
-void TestEsquema::init()
-{
-    dir_ = std::make_unique<QTemporaryDir>();
-    alm_ = std::make_unique<Almacen>();
-    const Resultado<> abierto = alm_->Abrir(Archivo());
-    QVERIFY2(abierto, qPrintable(abierto.Mensaje()));
-}
-
-void TestEsquema::cleanup()
-{
-    alm_.reset();
-    dir_.reset();
-}
 
 void TestEsquema::pasos_data()
 {

@@ -6,40 +6,18 @@
 
 #include <QRandomGenerator>
 #include <QSet>
-#include <QTemporaryDir>
 #include <QTest>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
 
-class TestPaginas : public QObject
+class TestPaginas : public PruebaAlmacen
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
     void paginasComoReferencia();
-
-private:
-    QString Archivo() const { return dir_->filePath(u"base0.db"_s); }
-    std::unique_ptr<QTemporaryDir> dir_;
-    std::unique_ptr<Almacen> alm_;
 };
-
-void TestPaginas::init()
-{
-    dir_ = std::make_unique<QTemporaryDir>();
-    alm_ = std::make_unique<Almacen>();
-    const Resultado<> abierto = alm_->Abrir(Archivo());
-    QVERIFY2(abierto, qPrintable(abierto.Mensaje()));
-}
-
-void TestPaginas::cleanup()
-{
-    alm_.reset();
-    dir_.reset();
-}
 
 void TestPaginas::paginasComoReferencia()
 {
