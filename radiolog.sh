@@ -9,6 +9,11 @@ PAQUETES=(cmake ninja-build g++ pkg-config
           qt6-base-dev qt6-qpa-plugins libqt6sql6-sqlite qt6-serialport-dev
           qt6-multimedia-dev gstreamer1.0-plugins-base gstreamer1.0-plugins-good
           qt6-translations-l10n libbenchmark-dev)
+# The tests also check the installed tree and the Debian package with the desktop's
+# validators, groff and lintian, and build the package with dpkg-shlibdeps.
+if [ "${1:-}" = "test" ]; then
+    PAQUETES+=(desktop-file-utils appstream groff-base lintian dpkg-dev file)
+fi
 
 faltan=()
 for p in "${PAQUETES[@]}"; do

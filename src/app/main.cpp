@@ -13,6 +13,7 @@
 #include "gui/platform/ReproductorQt.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
@@ -38,6 +39,13 @@ int main(int argc, char *argv[])
 {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("carancho-radiolog"));
+    // The desktop groups the window under its menu entry by this name.
+    QGuiApplication::setDesktopFileName(QStringLiteral(RADIOLOG_ID_APLICACION));
+    QIcon icono;
+    for (const char *tamano : {"48x48", "128x128", "256x256"})
+        icono.addFile(
+            QStringLiteral(":/%1/" RADIOLOG_ID_APLICACION ".png").arg(QLatin1String(tamano)));
+    QApplication::setWindowIcon(icono);
     QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Argentina));
     CargarTraducciones(app);
 

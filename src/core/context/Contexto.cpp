@@ -30,6 +30,22 @@ QString Contexto::Archivo(const QString &nombre) const
     return QDir(carpeta_).filePath(nombre);
 }
 
+QString Contexto::ArchivoAyuda() const
+{
+    QStringList carpetas{carpeta_};
+    for (const QString &datos :
+         QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation))
+        carpetas << datos + QStringLiteral("/carancho-radiolog");
+    const QString programa = QCoreApplication::applicationDirPath();
+    carpetas << programa + QStringLiteral("/../share/carancho-radiolog") << programa;
+    for (const QString &carpeta : carpetas) {
+        const QFileInfo manual(QDir(carpeta), QStringLiteral("AyudaRadiolog2.pdf"));
+        if (manual.isFile() && manual.isReadable())
+            return QDir::cleanPath(manual.absoluteFilePath());
+    }
+    return {};
+}
+
 Resultado<> Contexto::PrepararCarpeta() const
 {
     if (!QDir().mkpath(carpeta_))

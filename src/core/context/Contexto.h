@@ -46,6 +46,11 @@ public:
     QString Carpeta() const { return carpeta_; }
     // A file of the program folder.
     QString Archivo(const QString &nombre) const;
+    // The manual AyudaRadiolog2.pdf: the program folder's own copy first (an operator may
+    // keep a newer one there), then the installed one in the data folders, then that of an
+    // unpacked or built tree, in ../share/carancho-radiolog from the program and beside it.
+    // Empty when there is none to read.
+    QString ArchivoAyuda() const;
     // Makes the folder and checks that it can be written.
     Resultado<> PrepararCarpeta() const;
     // Opens base0.db, creating it when missing.

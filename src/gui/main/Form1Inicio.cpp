@@ -85,9 +85,17 @@ void Form1::Cargar()
     });
     connect(salir, &QAction::triggered, this, [this] { Salir(false); });
     connect(Ayuda, &QAction::triggered, this, [this] {
-        if (!ctx.escritorio().Abrir(ctx.Archivo(QStringLiteral("AyudaRadiolog2.pdf"))))
-            ctx.dialogos().Exclamacion(QStringLiteral("No se pudo abrir la ayuda:\r\n\r\n") +
-                                       ctx.Archivo(QStringLiteral("AyudaRadiolog2.pdf")));
+        const QString manual = ctx.ArchivoAyuda();
+        if (manual.isEmpty())
+            ctx.dialogos().Exclamacion(
+                QStringLiteral("No se encontró el manual AyudaRadiolog2.pdf, ni en la carpeta "
+                               "del programa ni entre los archivos instalados:\r\n\r\n") +
+                ctx.Carpeta());
+        else if (!ctx.escritorio().Abrir(manual))
+            ctx.dialogos().Exclamacion(
+                QStringLiteral("No se pudo abrir el manual. Instale un visor de archivos PDF "
+                               "para leerlo:\r\n\r\n") +
+                manual);
     });
     connect(acerca, &QAction::triggered, this, [this] {
         Form10 acercaDe(ctx, this);

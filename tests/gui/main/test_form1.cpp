@@ -11,11 +11,14 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDir>
+#include <QFile>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <QTreeWidget>
@@ -125,6 +128,8 @@ private Q_SLOTS:
     void paginas_data();
     void paginas();
     void sinConfigIni();
+    void ayuda_data();
+    void ayuda();
     void llamadorConF1YEsc_data();
     void llamadorConF1YEsc();
     void tecleoAlAzarNoRompeNiPierde();
@@ -394,6 +399,52 @@ void TestForm1::paginas()
     Q_EMIT lista->itemDoubleClicked(item, 2);
     QCOMPARE(v.editado.Estacion + u' ' + QString::number(v.editado.id),
              item->text(2) + u' ' + item->text(1));
+}
+
+void TestForm1::ayuda_data()
+{
+    // Where copies of the manual lie, "programa" and "instalado"; which one opens; whether a
+    // PDF viewer is there; the first line of the message, if any.
+    QTest::addColumn<QStringList>("copias");
+    QTest::addColumn<QString>("abierto");
+    QTest::addColumn<bool>("visor");
+    QTest::addColumn<QString>("mensaje");
+    QTest::newRow("la del operador primero")
+        << QStringList{u"programa"_s, u"instalado"_s} << u"programa"_s << true << QString();
+    QTest::newRow("la instalada") << QStringList{u"instalado"_s} << u"instalado"_s << true
+                                  << QString();
+    QTest::newRow("ninguna") << QStringList{} << QString() << true
+                             << u"No se encontró el manual AyudaRadiolog2.pdf, ni en la carpeta "
+                                "del programa ni entre los archivos instalados:"_s;
+    QTest::newRow("sin visor") << QStringList{u"instalado"_s} << u"instalado"_s << false
+                               << u"No se pudo abrir el manual. Instale un visor de archivos "
+                                  "PDF para leerlo:"_s;
+}
+
+void TestForm1::ayuda()
+{
+    QFETCH(QStringList, copias);
+    QFETCH(QString, abierto);
+    QFETCH(bool, visor);
+    QFETCH(QString, mensaje);
+    // The data folders of the desktop, as an installed program finds them.
+    QTemporaryDir datos, casa;
+    qputenv("XDG_DATA_DIRS", datos.path().toUtf8());
+    qputenv("XDG_DATA_HOME", casa.path().toUtf8());
+    Ventana v;
+    const QHash<QString, QString> donde = {
+        {u"programa"_s, v.p.Archivo(u"AyudaRadiolog2.pdf"_s)},
+        {u"instalado"_s, datos.filePath(u"carancho-radiolog/AyudaRadiolog2.pdf"_s)}};
+    QDir().mkpath(datos.filePath(u"carancho-radiolog"_s));
+    for (const QString &copia : copias) {
+        QFile f(donde[copia]);
+        QVERIFY(f.open(QIODevice::WriteOnly));
+    }
+    v.p.falsos.escritorio->exito = visor;
+    v.f->Ayuda->trigger();
+    QCOMPARE(v.p.falsos.escritorio->abiertos,
+             abierto.isEmpty() ? QStringList{} : QStringList{donde[abierto]});
+    QCOMPARE(v.d().UltimoTexto().section(u"\r\n"_s, 0, 0), mensaje);
 }
 
 void TestForm1::sinConfigIni()
