@@ -8,11 +8,12 @@ cd "$(dirname "$0")"
 PAQUETES=(cmake ninja-build g++ pkg-config
           qt6-base-dev qt6-qpa-plugins libqt6sql6-sqlite qt6-serialport-dev
           qt6-multimedia-dev gstreamer1.0-plugins-base gstreamer1.0-plugins-good
-          qt6-translations-l10n libbenchmark-dev)
+          qt6-translations-l10n libbenchmark-dev fonts-dejavu-core)
 # The tests also check the installed tree and the Debian package with the desktop's
-# validators, groff and lintian, and build the package with dpkg-shlibdeps.
+# validators, groff and lintian, build the package with dpkg-shlibdeps, and read the
+# manual's PDF back with pdftotext.
 if [ "${1:-}" = "test" ]; then
-    PAQUETES+=(desktop-file-utils appstream groff-base lintian dpkg-dev file)
+    PAQUETES+=(desktop-file-utils appstream groff-base lintian dpkg-dev file poppler-utils)
 fi
 
 faltan=()

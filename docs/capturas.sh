@@ -1,0 +1,64 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
+# Takes the manual's pictures again: every window in turn, opened with the operator's own
+# keys over a demonstration folder of generated QSOs, on a virtual screen. Run it after a
+# window changes, then commit the PNG files; the build uses the committed pictures and
+# needs no display.
+#   ./radiolog.sh && docs/capturas.sh
+set -euo pipefail
+cd "$(dirname "$0")/.."
+app=./build/carancho-radiolog
+demo=./build/tools/manual/radiolog-demo
+[ -x "$app" ] && [ -x "$demo" ] || { echo "Primero: ./radiolog.sh"; exit 1; }
+for p in xvfb xdotool imagemagick openbox; do
+    dpkg -s "$p" >/dev/null 2>&1 || sudo apt-get install -y --no-install-recommends "$p"
+done
+
+export DISPLAY=:${XNUM:-97} QT_QPA_PLATFORM=xcb LC_ALL=C.UTF-8
+Xvfb "$DISPLAY" -screen 0 1400x1000x24 >/dev/null 2>&1 &
+xvfb=$!
+sleep 1
+openbox --sm-disable >/dev/null 2>&1 &
+wm=$!
+trap 'kill $wm $xvfb 2>/dev/null' EXIT
+
+# captura NOMBRE TITULO [PASO...]: starts the program over a fresh copy of the demonstration
+# folder, runs the steps ("tecla:ctrl+c", "texto:LU7HF", "espera:2"), waits for the window
+# whose title matches TITULO and saves docs/NOMBRE.png.
+captura() {
+    local nombre=$1 titulo=$2
+    shift 2
+    local datos
+    datos=$(mktemp -d)
+    "$demo" "$datos/carancho-radiolog"
+    XDG_DATA_HOME=$datos "$app" >/dev/null 2>&1 &
+    local pid=$!
+    local principal
+    principal=$(xdotool search --sync --onlyvisible --name '^Carancho Radiolog V' | head -n1)
+    sleep 2.5
+    xdotool windowactivate --sync "$principal" 2>/dev/null || true
+    for paso in "$@"; do
+        case $paso in
+        tecla:*) xdotool key --delay 120 "${paso#tecla:}" ;;
+        texto:*) xdotool type --delay 60 "${paso#texto:}" ;;
+        espera:*) sleep "${paso#espera:}" ;;
+        esac
+        sleep 0.4
+    done
+    local ventana
+    ventana=$(timeout 10 xdotool search --sync --onlyvisible --name "$titulo" | tail -n1)
+    sleep 0.5
+    import -window "$ventana" "docs/$nombre.png"
+    echo "docs/$nombre.png"
+    kill "$pid" 2>/dev/null || true
+    wait "$pid" 2>/dev/null || true
+    rm -rf "$datos"
+}
+
+captura principal '^Carancho Radiolog V'
+captura configuracion '^Configuración$' tecla:ctrl+c
+captura abrir-log '^Abrir Log' tecla:ctrl+a
+captura edicion '^Edición de QSO' tecla:F5
+captura historial '^LU7HF$' texto:lu7hf tecla:ctrl+x
+captura acerca '^Acerca de' tecla:ctrl+r
+captura cierre '^Carancho Radiolog$' tecla:ctrl+s tecla:alt+s
