@@ -1,0 +1,308 @@
+// Satellites from the main window: the catalogue at the start, "Vía Satélite" and the
+// choice of a satellite, and the editor Form11 with its messages and the file it leaves.
+#include "core/satellites/Catalogo.h"
+#include "gui/main/Form1.h"
+#include "gui/satellites/Form11.h"
+#include "support/ContextoPrueba.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+void Columnas(std::initializer_list<const char *> nombres)
+{
+    for (const char *nombre : nombres)
+        QTest::addColumn<QString>(nombre);
+}
+void Fila(const char *nombre, const QStringList &valores)
+{
+    QTestData &fila = QTest::newRow(nombre);
+    for (const QString &valor : valores)
+        fila << valor;
+}
+QString Dato(const char *columna)
+{
+    return *static_cast<QString *>(QTest::qData(columna, qMetaTypeId<QString>()));
+}
+
+// A main window over a fresh folder with its editor of satellites. archivos: "name=content"
+// separated by "§", written before the start; "\n" in a content is the file's CRLF.
+struct Ventana
+{
+    explicit Ventana(const QString &archivos = {}, bool relojActivo = true)
+    {
+        p.Escribir(u"config.ini"_s, "Estacion=LU1AAA\r\nOperador=LU2BBB\r\nLogenUso=Pruebas\r\n");
+        for (const QString &a : archivos.split(u'§', Qt::SkipEmptyParts))
+            p.Escribir(a.section(u'=', 0, 0),
+                       a.section(u'=', 1).replace(u"\n"_s, u"\r\n"_s).toLatin1());
+        f = std::make_unique<Form1>(p.ctx());
+        for (QTimer *t : {f->Timer1, f->Timer2, f->Timer7})
+            t->stop();
+        e = ConectarSatelites(*f, p.ctx());
+        f->show();
+        QApplication::setActiveWindow(f.get());
+        if (!QTest::qWaitForWindowActive(f.get()))
+            qWarning("la ventana no quedó activa");
+        if (relojActivo)
+            f->Timer1_Timer();
+    }
+    QString Frecuencia() const { return f->mhz->currentText() + u'.' + f->Text1->text(); }
+    QString Rotulos() const
+    {
+        return QStringList{f->Subida->text(), f->Bajada->text(), f->Modo->text(),
+                           f->Subtono->text()}
+            .join(u'|');
+    }
+    QString Modo() const
+    {
+        const bool ancho = f->Frame1->width() == (8900 + 7) / 15;
+        // The box, the width, the panel, the banner and its timer go together.
+        if (ancho != f->Check2->isChecked() || ancho != f->Frame2->isVisible() ||
+            ancho != f->Timer9->isActive() || ancho != f->Image2->isVisible())
+            return u"a medias"_s;
+        return ancho ? u"satélite"_s : u"normal"_s;
+    }
+    QStringList Lista(const QComboBox *c) const
+    {
+        QStringList l;
+        for (int i = 0; i < c->count(); ++i)
+            l << c->itemText(i);
+        return l;
+    }
+
+    ContextoPrueba p;
+    std::unique_ptr<Form1> f;
+    Form11 *e = nullptr;
+};
+
+// The lines added ("+" and their place) and gone ("-" and their former place).
+QString Cambios(const QStringList &antes, const QStringList &despues)
+{
+    QStringList c;
+    for (int i = 0; i < despues.size(); ++i)
+        if (!antes.contains(despues[i]))
+            c << u"+%1:%2"_s.arg(i).arg(despues[i]);
+    for (int i = 0; i < antes.size(); ++i)
+        if (!despues.contains(antes[i]))
+            c << u"-%1:%2"_s.arg(i).arg(antes[i]);
+    return c.join(u'|');
+}
+
+} // namespace
+
+class TestSatelitesVentanas : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void inicio_data();
+    void inicio();
+    void modoYEleccion_data();
+    void modoYEleccion();
+    void editor_data();
+    void editor();
+};
+
+void TestSatelitesVentanas::inicio_data()
+{
+    // The list, the choice shown, the captions, the frequency and the mode, after the load
+    // and before the clock's first tick.
+    Columnas({"archivos", "lista", "elegido", "rotulos", "frecuencia", "modo"});
+    // The captions of the load are those of the last line, with no blank.
+    Fila("primera vez", {"", "16 AO-7 AO-92", "", "Subida:70cm|Bajada:2m|Modo:FM|SubTono:67.0",
+                         "3.650", "normal"});
+    // The choice brings its captions back; the mode comes back on the frequency left.
+    Fila("recordados",
+         {"memsat.ini=SO-50\n§memqSat.cfg=1\n§memMhz.cfg=145\n§memKhz.cfg=990\n", "16 AO-7 AO-92",
+          "SO-50", "Subida: 2m |Bajada: 70cm|Modo: FM|SubTono: 67.0", "145.990", "satélite"});
+    Fila("archivo dañado",
+         {u"satelites.txt=corta;2m\n\u0001;x;y;z;\n;;;;\nAO-7;70cm;2m;SSB;100.4\nFO-29;2m"
+          u"§memsat.ini=AO-7\n"_s,
+          "1 AO-7 AO-7", "AO-7", "Subida: 70cm |Bajada: 2m|Modo: SSB|SubTono: 100.4", "3.650",
+          "normal"});
+    Fila("recordado que ya no está",
+         {"memsat.ini=ZZ-1\n", "17 AO-7 ZZ-1", "ZZ-1", "Subida:70cm|Bajada:2m|Modo:FM|SubTono:67.0",
+          "3.650", "normal"});
+}
+
+void TestSatelitesVentanas::inicio()
+{
+    const QString archivos = Dato("archivos");
+    const QByteArray antes =
+        archivos.contains("satelites.txt"_L1)
+            ? archivos.section(u'§', 0, 0).section(u'=', 1).replace(u"\n"_s, u"\r\n"_s).toLatin1()
+            : QByteArray();
+    Ventana v(archivos, false);
+    const QStringList lista = v.Lista(v.f->Combo3);
+    QCOMPARE(u"%1 %2 %3"_s.arg(lista.size()).arg(lista.value(0), lista.value(lista.size() - 1)),
+             Dato("lista"));
+    QCOMPARE(v.f->Combo3->currentText(), Dato("elegido"));
+    QCOMPARE(v.Rotulos(), Dato("rotulos"));
+    QCOMPARE(v.Frecuencia(), Dato("frecuencia"));
+    QCOMPARE(v.Modo(), Dato("modo"));
+    // A file that was there is never rewritten by reading it.
+    if (!antes.isEmpty())
+        QCOMPARE(v.p.Leer(u"satelites.txt"_s), antes);
+    else
+        QCOMPARE(v.p.Leer(u"satelites.txt"_s).count("\r\n"), 16);
+}
+
+void TestSatelitesVentanas::modoYEleccion_data()
+{
+    // pasos: "Check2" a click on "Vía Satélite", "Combo3=name" a choice, "Text1=kHz" typed.
+    // Then the frequency, the mode list, the band shown, the mode and the uplink caption.
+    Columnas({"lineas", "pasos", "frecuencia", "modo", "banda", "estado", "subida"});
+    // The band waits for the kHz field to be left.
+    Fila("base 70 cm", {"", "Combo3=AO-7", "435.550", "SSB", "80m", "normal", "Subida: 70cm "});
+    Fila("base 2 m, modo",
+         {"", "Check2|Combo3=SO-50", "145.550", "FM", "80m", "satélite", "Subida: 2m "});
+    // With nothing chosen the captions of the load give no frequency.
+    Fila("modo sin elegir", {"", "Check2", "3.650", "SSB", "80m", "satélite", "Subida:70cm"});
+    Fila("apagado conserva", {"", "Check2|Combo3=AO-91|Text1=990|Check2", "435.990", "FM", "70cm",
+                              "normal", "Subida: 70cm "});
+    Fila("encendido toma el satélite", {"", "Combo3=AO-91|Text1=990|Check2", "435.550", "FM",
+                                        "70cm", "satélite", "Subida: 70cm "});
+    Fila("editada", {"X-1;70cm;2m;FM;67.0;435.100", "Combo3=X-1", "435.100", "FM", "80m", "normal",
+                     "Subida: 70cm 435.100"});
+    Fila("23 cm", {"X-2;23cm;70cm;FM; ;1267.100", "Combo3=X-2", "126..10", "FM", "80m", "normal",
+                   "Subida: 23cm 1267.100"});
+    Fila("23 cm sin frecuencia",
+         {"X-3;23cm;70cm;SSB; ; ", "Combo3=X-3", ".", "SSB", "80m", "normal", "Subida: 23cm  "});
+}
+
+void TestSatelitesVentanas::modoYEleccion()
+{
+    const QString lineas = Dato("lineas");
+    Ventana v(lineas.isEmpty()
+                  ? QString()
+                  : u"satelites.txt="_s + SatelitesBase().join(u'\n') + u'\n' + lineas);
+    for (const QString &paso : Dato("pasos").split(u'|')) {
+        if (paso == u"Check2")
+            v.f->Check2->click();
+        else if (paso.startsWith("Combo3="_L1)) {
+            v.f->Combo3->setCurrentText(paso.section(u'=', 1));
+            Q_EMIT v.f->Combo3->activated(v.f->Combo3->currentIndex());
+            QCOMPARE(v.p.Leer(u"memsat.ini"_s), paso.section(u'=', 1).toLatin1() + "\r\n");
+        } else {
+            v.f->Text1->setFocus();
+            v.f->Text1->setText(paso.section(u'=', 1));
+            v.f->Corresponsal->setFocus();
+        }
+    }
+    QCOMPARE(v.Frecuencia(), Dato("frecuencia"));
+    QCOMPARE(v.f->Combo1->currentText(), Dato("modo"));
+    QCOMPARE(v.f->Label7->text(), Dato("banda"));
+    QCOMPARE(v.Modo(), Dato("estado"));
+    QCOMPARE(v.f->Subida->text(), Dato("subida"));
+    if (v.f->Command15->isVisible()) {
+        v.f->Command15->click();
+        QCOMPARE(v.p.falsos.escritorio->abiertos,
+                 QStringList{v.p->direcciones().AMSAT + "/pass.htm"});
+    }
+}
+
+void TestSatelitesVentanas::editor_data()
+{
+    // extra: lines after the default list. pasos: "name=text" typed into a field or chosen
+    // in a list, "foco=name" the focus moved there, "List1=name" a click on a satellite,
+    // "[caption]" a click on a button. respuestas: the answers to the questions.
+    // mensajes: the boxes, line ends as "/". cambios: the file's lines added and gone.
+    // queda: the name field of "Agregar", and that of "Editando ..." or "-" when hidden.
+    Columnas({"extra", "pasos", "respuestas", "mensajes", "cambios", "queda"});
+    Fila("agregar", {"", "Text1=ao-100|Text4=67.0|Frec_new=145.850|[Agregar]", "", "",
+                     "+16:AO-100;2m;70cm;FM;67.0;145.850", "|-"});
+    // Only digits and the point, and eight of them for 23 cm.
+    Fila("agregar 23 cm", {"", "Text1=so-x;|Combo1=23cm|Frec_new=12a67.1009|[Agregar]", "", "",
+                           "+16:SO-X;23cm;70cm;FM; ;1267.100", "|-"});
+    Fila("sin nombre", {"", "Text1=  |[Agregar]", "", "Falta el nombre del Satélite!", "", "  |-"});
+    Fila("bandas iguales", {"", "Text1=x|Combo2=2m|[Agregar]", "",
+                            "Banda de Subida igual a la de Bajada ?", "", "X|-"});
+    Fila("23 cm sin frecuencia",
+         {"", "Text1=x|Combo1=23cm|[Agregar]", "",
+          "En 23 cm, el formato de la frecuencia es://MMMM.KKK", "", "X|-"});
+    Fila("repetido",
+         {"", "Text1=ao-7|[Agregar]", "", "el satélite AO-7 ya está en la lista!", "", "AO-7|-"});
+    Fila("fuera de banda al salir",
+         {"", "Combo1=70cm|Frec_new=145.990|foco=Text4", "",
+          "La frecuencia es 145.990/No es de la banda de 70m!", "", "|-"});
+    Fila("editar", {"", "List1=AO-73|Text3=67.0|Text5=435.100|[Aceptar]", "", "",
+                    "+1:AO-73;70cm;2m;SSB;67.0;435.100|-1:AO-73;70cm;2m;SSB; ", "|-"});
+    Fila("editar sin nombre",
+         {"", "List1=AO-73|Text2=|[Aceptar]", "", "Falta el nombre del Satélite!", "", "|"});
+    Fila("cancelar", {"", "List1=FO-29|Text2=ZZ|[Cancelar]", "", "", "", "|-"});
+    Fila("eliminar, no",
+         {"", "List1=AO-7|[Eliminar]", "No", "Elimina Satélite AO-7?", "", "|AO-7"});
+    Fila("eliminar, sí", {"", "List1=AO-7|[Eliminar]", "Sí", "Elimina Satélite AO-7?",
+                          "-0:AO-7;70cm;2m;SSB;100.4", "|-"});
+    // Lines the lists leave out stay in the file through a change.
+    Fila("líneas dañadas quedan",
+         {"corta;2m\n;;;;\nZ;2m;70cm;FM", "List1=IO-86|Combo6=SSB|[Aceptar]", "", "",
+          "+13:IO-86;2m;70cm;SSB;88.5; |-13:IO-86;2m;70cm;FM;88.5", "|-"});
+}
+
+void TestSatelitesVentanas::editor()
+{
+    const QString extra = Dato("extra");
+    QStringList antes = SatelitesBase();
+    if (!extra.isEmpty())
+        antes += extra.split(u'\n');
+    Ventana v(u"satelites.txt="_s + antes.join(u'\n') + u'\n');
+    DialogosFalso &d = *v.p.falsos.dialogos;
+    for (const QString &r : Dato("respuestas").split(u'|', Qt::SkipEmptyParts))
+        d.respuestasSiNo.enqueue(r == u"Sí");
+    Form11 &e = *v.e;
+    e.CargarLista();
+    e.show();
+    QApplication::setActiveWindow(&e);
+    QVERIFY(QTest::qWaitForWindowActive(&e));
+    QVERIFY(!e.Frame3->isVisible());
+    for (const QString &paso : Dato("pasos").split(u'|')) {
+        const QString nombre = paso.section(u'=', 0, 0), valor = paso.section(u'=', 1);
+        if (paso.startsWith(u'[')) {
+            for (QPushButton *b : e.findChildren<QPushButton *>())
+                if (u'[' + b->text() + u']' == paso)
+                    QTest::mouseClick(b, Qt::LeftButton);
+        } else if (nombre == u"foco")
+            e.findChild<QWidget *>(valor)->setFocus();
+        else if (nombre == u"List1") {
+            QListWidgetItem *item = e.List1->findItems(valor, Qt::MatchExactly).value(0);
+            QVERIFY(item);
+            QTest::mouseClick(e.List1->viewport(), Qt::LeftButton, {},
+                              e.List1->visualItemRect(item).center());
+        } else if (auto *lista = e.findChild<QComboBox *>(nombre))
+            lista->setCurrentText(valor);
+        else {
+            auto *campo = e.findChild<QLineEdit *>(nombre);
+            campo->setFocus();
+            campo->clear();
+            QTest::keyClicks(campo, valor);
+        }
+        QApplication::processEvents();
+    }
+    QCOMPARE(d.Textos().join(u'|').replace("\r\n"_L1, "/"_L1), Dato("mensajes"));
+    const QString despues = QString::fromLatin1(v.p.Leer(u"satelites.txt"_s));
+    QVERIFY(despues.endsWith("\r\n"_L1));
+    QCOMPARE(Cambios(antes, despues.split(u"\r\n"_s).mid(0, despues.count(u"\r\n"_s))),
+             Dato("cambios"));
+    QCOMPARE(e.Text1->text() + u'|' + (e.Frame3->isVisible() ? e.Text2->text() : u"-"_s),
+             Dato("queda"));
+    // Both lists are the file's, read again after the change.
+    QStringList nombres;
+    for (int i = 0; i < e.List1->count(); ++i)
+        nombres << e.List1->item(i)->text();
+    QCOMPARE(v.Lista(v.f->Combo3), nombres);
+    QCOMPARE(nombres.size(), LeerCatalogo(v.p.Carpeta()).size());
+}
+
+QTEST_MAIN(TestSatelitesVentanas)
+#include "test_satelites_ventanas.moc"
