@@ -1,8 +1,6 @@
-// The version check and the presence messages, over a real connection to the loopback
-// server.
+// The version check over a real connection to the loopback server.
 
 #include "core/online/Actualizaciones.h"
-#include "core/online/Presencia.h"
 #include "core/platform/ClienteWebQt.h"
 #include "support/ServidorHttpPrueba.h"
 
@@ -33,19 +31,13 @@ private Q_SLOTS:
         QTest::newRow("tercera")
             << 200 << QByteArray("2.1.04\nnotas\n") << beta
             << "! Su versión: 2.1.03 (Beta)/en la Web: 2.1.04//debe actualizar!";
-        QTest::newRow("segunda")
-            << 200 << QByteArray("2.2.00") << beta
-            << "! Su versión: 2.1.03 (Beta)/en la Web: 2.2.00//debe actualizar!";
-        QTest::newRow("primera")
-            << 200 << QByteArray("3.0.00") << beta
-            << "! Su versión: 2.1.03 (Beta)/en la Web: 3.0.00//debe actualizar!";
-        // Each number on its own: a newer second number does not save an older third.
         QTest::newRow("cada número por sí")
             << 200 << QByteArray("2.1.03") << u"2.2.01"_s
             << "! Su versión: 2.2.01/en la Web: 2.1.03//debe actualizar!";
-        QTest::newRow("más nueva")
-            << 200 << QByteArray("1.0.02") << beta
-            << "! Su versión: 2.1.03 (Beta)/en la Web: 1.0.02//está actualizado";
+        QTest::newRow("segunda sola") << 200 << QByteArray("2.1.03") << u"2.0.09"_s
+                                      << "! Su versión: 2.0.09/en la Web: 2.1.03//debe actualizar!";
+        QTest::newRow("primera sola") << 200 << QByteArray("2.1.03") << u"1.9.09"_s
+                                      << "! Su versión: 1.9.09/en la Web: 2.1.03//debe actualizar!";
         QTest::newRow("un punto") << 200 << QByteArray("2.1") << beta << "";
         QTest::newRow("vacía") << 200 << QByteArray() << beta << "";
         QTest::newRow("página HTML")
@@ -94,47 +86,6 @@ private Q_SLOTS:
             QVERIFY(webo.open(QIODevice::ReadOnly));
             QCOMPARE(webo.readAll(), cuerpo + "\r\n");
         }
-    }
-
-    // The presence messages as a browser sends them: blanks escaped, the slash of a
-    // callsign and the brackets of the version as they are. The site's root goes first.
-    void presencia_data()
-    {
-        QTest::addColumn<QString>("senal");
-        QTest::addColumn<QString>("comando");
-        QTest::addColumn<QString>("pedidos");
-        QTest::newRow("on") << "LU1AAA/P"
-                            << "on"
-                            << "/ / /carancho.php?qrz=LU1AAA/P&prog=Carancho%20Radiolog%202"
-                               "&ver=2.1.03%20(Beta)&comando=on";
-        QTest::newRow("off") << "lu9dce"
-                             << "off"
-                             << "/ / /carancho.php?qrz=lu9dce&prog=Carancho%20Radiolog%202"
-                                "&ver=2.1.03%20(Beta)&comando=off";
-        QTest::newRow("sin señal") << ""
-                                   << "on"
-                                   << "/ /";
-    }
-
-    void presencia()
-    {
-        QFETCH(QString, senal);
-        QFETCH(QString, comando);
-        QFETCH(QString, pedidos);
-        ServidorHttpPrueba servidor;
-        servidor.Callar(true); // the answer is never read anyway
-        ClienteWebQt cliente;
-        Presencia presencia(cliente, servidor.Base(), u"2.1.03 (Beta)"_s);
-        presencia.Visitar();
-        QCOMPARE(presencia.Avisar(senal, comando), !senal.isEmpty());
-        const QStringList esperados = pedidos.split(u' ');
-        QVERIFY(servidor.EsperarPedidos(int(esperados.size())));
-        QTest::qWait(50); // nothing more comes
-        QStringList vistos;
-        for (const auto &p : servidor.pedidos)
-            vistos << QString::fromLatin1(p.crudo);
-        vistos.sort();
-        QCOMPARE(vistos, esperados);
     }
 };
 

@@ -1,8 +1,7 @@
-// The satellite catalogue file, the editor's frequency rules, and the uplink frequency that
-// satellite mode reads back from its caption.
+// The satellite catalogue file, and the uplink frequency that satellite mode reads back from
+// its caption.
 
 #include "core/satellites/Catalogo.h"
-#include "core/satellites/EdicionSatelites.h"
 #include "core/satellites/ModoSatelite.h"
 
 #include <QFile>
@@ -66,14 +65,6 @@ private Q_SLOTS:
         QTest::newRow("corta") << "X;2m;70cm;FM"
                                << "-"
                                << "nada";
-        QTest::newRow("vacía") << ""
-                               << "-"
-                               << "nada";
-        QTest::newRow("sin nombre") << " ;2m;70cm;FM;"
-                                    << "-"
-                                    << "nada";
-        QTest::newRow("binaria") << u"X;2m;70cm;FM;\u0000\u0081"_s << "-"
-                                 << "nada";
         QTest::newRow("enorme") << u"X;2m;70cm;FM;"_s + QString(300, u'9') << "-"
                                 << "nada";
     }
@@ -89,75 +80,6 @@ private Q_SLOTS:
             QVERIFY(!ValorDeSubida(RotulosDeCarga(*s).subida));
         const std::optional<FrecuenciaSubida> f = ValorDeSubida(r.subida);
         QTEST(f ? f->mhz + u'.' + f->khz : u"nada"_s, "frecuencia");
-    }
-
-    // A frequency field as it is left: the message's lines joined by "/", empty if it passes.
-    void frecuencias_data()
-    {
-        QTest::addColumn<QString>("frecuencia");
-        QTest::addColumn<QString>("banda");
-        QTest::addColumn<QString>("mensaje");
-        const QString formato = u"El formato de la frecuencia es://MMM.KKK"_s;
-        QTest::newRow("2m") << "145.990"
-                            << "2m"
-                            << "";
-        QTest::newRow("2m sólo MHz enteros") << "148.999"
-                                             << "2m"
-                                             << "";
-        QTest::newRow("2m fuera") << "143.999"
-                                  << "2m"
-                                  << "La frecuencia es 143.999/No es de la banda de 2m!";
-        QTest::newRow("70cm") << "145.990"
-                              << "70cm"
-                              << "La frecuencia es 145.990/No es de la banda de 70m!";
-        QTest::newRow("70cm borde") << "440.999"
-                                    << "70cm"
-                                    << "";
-        QTest::newRow("23cm") << "1267.100"
-                              << "23cm"
-                              << "";
-        QTest::newRow("23cm fuera") << "1268.100"
-                                    << "23cm"
-                                    << "La frecuencia es 1268.100/No es de la banda de satélites "
-                                       "en 23cm!/debe estar en 1267MHz";
-        QTest::newRow("23cm sin punto") << "1267"
-                                        << "23cm"
-                                        << "En 23 cm, el formato de la frecuencia es://MMMM.KKK";
-        QTest::newRow("corta") << "145.99"
-                               << "2m" << formato;
-        QTest::newRow("sin punto") << "1459900"
-                                   << "2m" << formato;
-        QTest::newRow("vacía") << ""
-                               << "70cm"
-                               << "";
-    }
-
-    void frecuencias()
-    {
-        QFETCH(QString, frecuencia);
-        QFETCH(QString, banda);
-        QTEST(RevisarFrecuencia(frecuencia, banda).replace("\r\n"_L1, "/"_L1), "mensaje");
-    }
-
-    // Changes keep the lines the readers leave out, and a last line without its line end.
-    void cambiosConservanLoDemas()
-    {
-        QTemporaryDir carpeta;
-        QFile f(ArchivoSatelites(carpeta.path()));
-        QVERIFY(f.open(QIODevice::WriteOnly));
-        f.write(
-            "corta;2m\r\nAO-7;70cm;2m;SSB;100.4\nSO-50;2m;70cm;FM;67.0\r\n\x01\x02\r\nFO-29;2m");
-        f.close();
-        const Satelite nuevo{"AO-100", "2m", "70cm", "FM", "", "145.850"};
-        QVERIFY(AgregarSatelite(carpeta.path(), nuevo));
-        QVERIFY(ReemplazarSatelite(carpeta.path(), "AO-7", {"AO-7", "70cm", "2m", "SSB", "", ""}));
-        QVERIFY(EliminarSatelite(carpeta.path(), "SO-50"));
-        QVERIFY(f.open(QIODevice::ReadOnly));
-        QCOMPARE(f.readAll(),
-                 QByteArray("corta;2m\r\nAO-7;70cm;2m;SSB; ; \r\n\x01\x02\r\nFO-29;2m\r\n"
-                            "AO-100;2m;70cm;FM; ;145.850\r\n"));
-        const Resultado<> perdido = EliminarSatelite(carpeta.path(), "SO-50");
-        QVERIFY(perdido.Mensaje().startsWith(u"El satélite SO-50 ya no está en "_s));
     }
 };
 
