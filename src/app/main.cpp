@@ -7,10 +7,12 @@
 #include "core/platform/LineaSerieQt.h"
 #include "core/platform/RelojSistema.h"
 #include "gui/editing/Form5.h"
+#include "gui/main/Actualizaciones.h"
 #include "gui/main/Form1.h"
 #include "gui/platform/DialogosQt.h"
 #include "gui/platform/EscritorioQt.h"
 #include "gui/platform/ReproductorQt.h"
+#include "gui/satellites/Form11.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -71,6 +73,8 @@ int main(int argc, char *argv[])
 
     Form1 ventana(contexto);
     ConectarEdicion(ventana, contexto);
+    ConectarSatelites(ventana, contexto);
+    ConectarActualizaciones(ventana, contexto);
     ventana.show();
     return app.exec();
 }

@@ -10,7 +10,8 @@ struct RespuestaWeb
 {
     enum class Resultado { Bien, Fallo, TiempoAgotado };
     Resultado resultado = Resultado::Fallo;
-    QString texto; // the page, decoded (UTF-8, or Latin-1 when the page says so)
+    QString texto;  // the page, decoded (UTF-8, or Latin-1 when the page says so)
+    int estado = 0; // the HTTP status; 0 when no answer came (no connection, time-out)
     bool Ok() const { return resultado == Resultado::Bien; }
 };
 

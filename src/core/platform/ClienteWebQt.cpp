@@ -55,7 +55,7 @@ QString DecodificarCuerpo(const QByteArray &cuerpo, const QByteArray &tipoConten
         return ComoWindows1252(cuerpo);
 
     if (!charset.isEmpty() && charset != "utf-8" && charset != "utf8") {
-        QStringDecoder otro(charset.constData());
+        QStringDecoder otro(charset.constData(), QStringConverter::Flag::Stateless);
         if (otro.isValid()) {
             QString texto = otro.decode(cuerpo);
             if (!otro.hasError())
@@ -63,7 +63,9 @@ QString DecodificarCuerpo(const QByteArray &cuerpo, const QByteArray &tipoConten
         }
     }
 
-    QStringDecoder utf8(QStringDecoder::Utf8);
+    // Stateless: a sequence cut off at the end of the page is an error too, not a state
+    // kept for bytes that will never come (a last lone byte of Windows-1252 text).
+    QStringDecoder utf8(QStringDecoder::Utf8, QStringConverter::Flag::Stateless);
     QString texto = utf8.decode(cuerpo);
     if (utf8.hasError())
         return ComoWindows1252(cuerpo);
@@ -130,6 +132,7 @@ void ClienteWebQt::Terminado(QNetworkReply *respuesta)
     } else {
         const bool bien = respuesta->error() == QNetworkReply::NoError && estado < 400;
         r.resultado = bien ? RespuestaWeb::Resultado::Bien : RespuestaWeb::Resultado::Fallo;
+        r.estado = estado;
         // A server's own error page is still its answer: the caller may show it.
         r.texto = DecodificarCuerpo(respuesta->readAll(), respuesta->rawHeader("Content-Type"));
     }

@@ -1,5 +1,6 @@
 #include "gui/common/Controles.h"
 
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -44,4 +45,17 @@ QPushButton *Boton(QWidget *padre, const char *nombre, const QString &texto, int
     auto *boton = Boton(padre, nombre, texto);
     boton->setGeometry(Px(x), Px(y), Px(ancho), Px(alto));
     return boton;
+}
+
+void Elegir(QComboBox *combo, const QString &texto)
+{
+    const int i = combo->findText(texto);
+    if (i >= 0)
+        combo->setCurrentIndex(i);
+    else if (combo->isEditable())
+        combo->setEditText(texto);
+    else {
+        combo->addItem(texto);
+        combo->setCurrentIndex(combo->count() - 1);
+    }
 }

@@ -9,6 +9,7 @@
 #include <QString>
 #include <QWidget>
 
+class QComboBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -42,3 +43,7 @@ QPushButton *Boton(QWidget *padre, const char *nombre, const QString &texto);
 // Placed.
 QPushButton *Boton(QWidget *padre, const char *nombre, const QString &texto, int x, int y,
                    int ancho, int alto = 360);
+
+// Shows a text in a list: its entry when the list holds it; otherwise the text as it
+// stands (typed into an editable list, added to one that is not).
+void Elegir(QComboBox *combo, const QString &texto);

@@ -65,6 +65,7 @@ Form1::Form1(Contexto &contexto, QWidget *parent)
     AplicarPantalla(1);
     Cargar();
     ConectarLogs();
+    ConectarSatelite();
 }
 
 Form1::~Form1() = default;
@@ -196,7 +197,6 @@ void Form1::CrearEntrada()
     Check3->setText(QStringLiteral("No Borrar"));
     Check2 = Poner<QCheckBox>(Frame1, "Check2", 3260, 2220, 1600, 300);
     Check2->setText(QStringLiteral("Vía Satélite"));
-    Check2->setEnabled(false); // satellite mode comes with the satellite catalogue
     for (QCheckBox *c : {Check1, Check2, Check3})
         c->setAutoFillBackground(true);
 

@@ -59,9 +59,6 @@ public:
     QLabel *Subida = nullptr, *Bajada = nullptr, *Modo = nullptr, *Subtono = nullptr;
     QPushButton *Command7 = nullptr, *Command13 = nullptr, *Command14 = nullptr;
     QPushButton *Command15 = nullptr;
-    // Satellite mode, the state of its own that the entry reads: off until the satellite
-    // catalogue comes, whatever "Vía Satélite" was remembered with.
-    bool ModoSatelite = false;
 
     // ---- Log view (Frame3) --------------------------------------------------------
     QGroupBox *Frame3 = nullptr;
@@ -125,6 +122,16 @@ public:
     // gets the row as stored, read by its id.
     std::function<void(const FilaQSO &, bool conSat)> abrirEdicion;
     std::function<void()> buscarQRZ, buscarLbN;
+    // The satellite editor ("Editar") and the version check ("Actualizaciones").
+    std::function<void()> editarSatelites, buscarActualizaciones;
+
+    // Satellite mode (Form1Satelite.cpp). The mode is the state of "Vía Satélite".
+    bool EnModoSatelite() const;
+    // The catalogue read again into Combo3, the captions left with its last satellite.
+    void CargarSatelites();
+    // The click of "Vía Satélite", and the choice of a satellite in Combo3.
+    void ModoSatelite();
+    void ElegirSatelite();
 
     // Shows the context's settings: the station, the grid, the log in use, the screen
     // layout and "No Borrar". Run after every read and save of config.ini.
@@ -204,6 +211,11 @@ private:
     void PonerPresencia(bool habilitada);
 
     void AvisoDeCierre();
+
+    // Satellite mode (Form1Satelite.cpp).
+    void ConectarSatelite();
+    void PrepararSatelites();
+    void PonerModoSatelite(bool activo);
 
     Contexto &ctx;
     Form2 *form2_ = nullptr; // shown from the menu and at the first start; never read

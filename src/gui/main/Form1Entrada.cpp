@@ -258,7 +258,7 @@ void Form1::IngresarQSO()
     q.SuGrid = Text2->text();
     Text2->clear();
     q.MiGrid = ctx.config().GridLoca;
-    if (ModoSatelite) {
+    if (EnModoSatelite()) {
         q.Nombre_Sat = Combo3->currentText();
         q.Modo = Modo->text().remove(QStringLiteral("Modo: "));
     }

@@ -5,7 +5,7 @@
 #include "core/rules/Bandas.h"
 #include "core/rules/Numeros.h"
 #include "core/store/Logs.h"
-#include "gui/common/Twips.h"
+#include "gui/common/Controles.h"
 #include "gui/config/Form2.h"
 #include "gui/main/Form1.h"
 #include "gui/main/Form10.h"
@@ -26,24 +26,6 @@
 #include <QThread>
 #include <QTimer>
 #include <QTreeWidget>
-
-namespace {
-
-void Elegir(QComboBox *combo, const QString &texto)
-{
-    const int i = combo->findText(texto);
-    if (i >= 0)
-        combo->setCurrentIndex(i);
-    else if (combo->isEditable())
-        combo->setEditText(texto);
-    else {
-        // A value the list does not hold is shown as it stands.
-        combo->addItem(texto);
-        combo->setCurrentIndex(combo->count() - 1);
-    }
-}
-
-} // namespace
 
 void Form1::Cargar()
 {
@@ -67,6 +49,7 @@ void Form1::Cargar()
     RSR->setText(QStringLiteral("59"));
     Label11->setText(QStringLiteral("LU"));
 
+    PrepararSatelites();
     RestaurarMemoria();
     sPorcentaje->resize(0, sPorcentaje->height());
 
@@ -130,13 +113,19 @@ void Form1::RestaurarMemoria()
         Check1->setChecked(*m.check1 != 0);
         PonerQTRManual(Check1->isChecked());
     }
-    if (m.satelite && !m.satelite->isEmpty())
+    if (m.satelite && !m.satelite->isEmpty()) {
+        // Its captions come back with it; the clock has not ticked, so not its frequency.
         Elegir(Combo3, *m.satelite);
+        ElegirSatelite();
+    }
     if (m.modo)
         Elegir(Combo1, *m.modo);
-    // A remembered "Vía Satélite" is not restored while there is no satellite mode to put
-    // on: the box would stand ticked and disabled, asking at every Enter for a satellite
-    // that cannot be chosen.
+    // The mode comes back on the frequency of the end of the last run, not the catalogue's:
+    // the operator may have mended it.
+    if (m.check2) {
+        Check2->setChecked(*m.check2 != 0);
+        PonerModoSatelite(Check2->isChecked());
+    }
 }
 
 MemoriaEntrada Form1::MemoriaActual() const

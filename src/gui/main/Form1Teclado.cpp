@@ -178,7 +178,7 @@ void Form1::TeclaEnter()
             RSE->setFocus(Qt::OtherFocusReason);
         return;
     }
-    if (ModoSatelite && Combo3->currentText().isEmpty()) {
+    if (EnModoSatelite() && Combo3->currentText().isEmpty()) {
         d.Exclamacion(QStringLiteral("Elija un satélite!"));
         Combo3->setFocus(Qt::OtherFocusReason);
         return;

@@ -151,6 +151,7 @@ private Q_SLOTS:
         QTest::newRow("xml") << B("text/xml") << xml + utf8 << xml + latino;
         // Bytes that cannot be UTF-8 are an old page that said nothing.
         QTest::newRow("sin declarar") << B("text/html") << B("Se\xf1!") << senal + "!";
+        QTest::newRow("byte suelto al final") << B("text/plain") << B("Se\xf1") << senal;
         // Pages that say Latin-1 mean Windows-1252: the curly quotes and the euro are meant.
         QTest::newRow("Windows") << B("charset=latin1") << B("\x93QSL\x94 \x80")
                                  << "\u201cQSL\u201d \u20ac";

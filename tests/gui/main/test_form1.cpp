@@ -174,10 +174,11 @@ void TestForm1::caminoDelEnter_data()
     Fila("QTR manual recordado",
          {"mem.ini=7.100\r\n40m\r\n1\r\n\r\n", "lu5ff|⏎|⏎|14:30|⏎|⏎|⏎|⏎|⏎|⏎", "",
           "LU5FF 15/05/2024 17:30:00 40m 7.100 SSB 59 59", "|||40m|Corresponsal"});
-    // There is no satellite mode to choose a satellite in: the tick must not hold the entry.
+    // Satellite mode comes back on with no satellite: Enter asks for one. The choice brings
+    // its frequency and mode; the band follows as the kHz field is left.
     Fila("Vía Satélite recordado",
-         {"memqSat.cfg=1\r\n", "lu5ff|⏎|⏎|⏎|⏎|⏎|⏎", "",
-          "LU5FF 15/05/2024 17:30:00 80m 3.650 SSB 59 59", "|||80m|Corresponsal"});
+         {"memqSat.cfg=1\r\n", "lu5ff|⏎|Combo3=AO-7|⏎|⏎|⏎|⏎|⏎|⏎", "Elija un satélite!",
+          "LU5FF 15/05/2024 17:30:00 70cm 435.550 SSB 59 59 AO-7", "|||70cm|Corresponsal"});
 }
 
 void TestForm1::caminoDelEnter()
@@ -334,10 +335,14 @@ void TestForm1::ordenDelTab_data()
 {
     Columnas({"orden"});
     const auto *resto =
-        "RSE RSR Text1 Text2 Obs Combo1 mhz Combo2 Check1 Check3 Text3 Corresponsal";
+        "RSE RSR Text1 Text2 Obs Combo1 mhz Combo2 Check1 Check3 Check2 Text3 Corresponsal";
     // The date and time are the clock's and disabled: Tab passes them by.
     Fila("reloj", {u"Corresponsal "_s + resto});
     Fila("QTR manual", {u"Corresponsal Fecha Hora "_s + resto});
+    // The satellite panel only in satellite mode.
+    Fila("Vía Satélite",
+         {u"Corresponsal "_s +
+          QString::fromLatin1(resto).replace("Check2"_L1, "Check2 Combo3 Command1 Command15"_L1)});
 }
 
 void TestForm1::ordenDelTab()
@@ -346,6 +351,8 @@ void TestForm1::ordenDelTab()
     Ventana v;
     if (orden.contains(u"Fecha"_s))
         v.f->Check1->click();
+    if (orden.contains(u"Combo3"_s))
+        v.f->Check2->click();
     // Nothing else takes the focus: not a hidden control, nor the satellite panel beyond
     // the edge of the entry frame.
     QStringList visto{v.Foco()->objectName()};
