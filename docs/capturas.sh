@@ -55,10 +55,15 @@ captura() {
     rm -rf "$datos"
 }
 
-captura principal '^Carancho Radiolog V'
-captura configuracion '^Configuración$' tecla:ctrl+c
-captura abrir-log '^Abrir Log' tecla:ctrl+a
-captura edicion '^Edición de QSO' tecla:F5
-captura historial '^LU7HF$' texto:lu7hf tecla:ctrl+x
+# captura principal '^Carancho Radiolog V'
+# captura configuracion '^Configuración$' tecla:ctrl+c
+# captura abrir-log '^Abrir Log' tecla:ctrl+a
+# captura edicion '^Edición de QSO' tecla:F5
+# captura historial '^LU7HF$' texto:lu7hf tecla:ctrl+x
+# Tab walks to "Vía Satélite" (the date and time fields are off), then to "Editar".
+hasta_satelite=(tecla:Tab tecla:Tab tecla:Tab tecla:Tab tecla:Tab tecla:Tab tecla:Tab tecla:Tab
+                tecla:Tab tecla:Tab tecla:Tab tecla:space espera:1)
+captura satelites '^Carancho Radiolog V' "${hasta_satelite[@]}"
+captura editar-satelites '^Editar Satélites' "${hasta_satelite[@]}" tecla:Tab tecla:Tab tecla:space
 captura acerca '^Acerca de' tecla:ctrl+r
-captura cierre '^Carancho Radiolog$' tecla:ctrl+s tecla:alt+s
+# captura cierre '^Carancho Radiolog$' tecla:ctrl+s tecla:alt+s

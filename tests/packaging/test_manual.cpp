@@ -10,6 +10,7 @@
 #include "gui/main/Form17.h"
 #include "gui/main/Form18.h"
 #include "gui/main/Form3.h"
+#include "gui/satellites/Form11.h"
 #include "support/ContextoPrueba.h"
 
 #include <QDirIterator>
@@ -70,6 +71,9 @@ void TestManual::ventanas_data()
     fila(
         "Form10", [](Contexto &c) { return new Form10(c); }, u"Acerca de ..."_s,
         u"Acerca de ..."_s);
+    fila(
+        "Form11", [](Contexto &c) { return new Form11(c, [] {}); }, u"Editar Satélites ..."_s,
+        u"Editar Satélites ..."_s);
     // The history's caption is the callsign looked for.
     fila(
         "Form17",
