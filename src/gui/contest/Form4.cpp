@@ -327,10 +327,9 @@ void Form4::Activar()
     Elegir(Combo1, a.modo);
     RSE->setText(a.rse);
     ctx.CargandoConcurso = false;
-    if (!Check2->isChecked()) {
-        Timer1_Timer();
+    // The clock's first tick, a second from now, puts UTC over the local time of the opening.
+    if (!Check2->isChecked())
         Timer1->start();
-    }
     Timer2->start();
     Corresponsal->setFocus(Qt::OtherFocusReason);
 }

@@ -31,6 +31,8 @@ void Activa(QWidget *w)
     w->show();
     QApplication::setActiveWindow(w);
     static_cast<void>(QTest::qWaitForWindowActive(w));
+    if (auto *f = qobject_cast<Form4 *>(w))
+        f->Timer1_Timer(); // the clock's first tick
 }
 
 // The contest window on a contest just founded, shown as the chooser shows it.
@@ -364,11 +366,16 @@ void TestVentanasConcurso::nombreConApostrofo()
     QCOMPARE(elegidor.ListView1->topLevelItem(0)->text(3), u"1"_s);
     elegidor.abrirConcurso = [&](bool) {
         f.AbrirConcurso();
-        Activa(&f);
+        f.show();
     };
+    p->config().DiferUTC = u"-3"_s;
     elegidor.ListView1_DblClick();
     QCOMPARE(f.ListView2->topLevelItemCount(), 1);
     QCOMPARE(f.RSE->text(), u"2"_s);
+    // Opening shows the local time; the clock's tick then puts UTC in its place.
+    QCOMPARE(f.Fecha->text() + u' ' + f.Hora->text(), u"15/05/2024 14:30"_s);
+    f.Timer1_Timer();
+    QCOMPARE(f.Hora->text(), u"17:30"_s);
     p.falsos.dialogos->respuestasSiNo << true;
     f.Command3->click();
     QCOMPARE(p.falsos.dialogos->Textos(Tipo::PreguntaSiNo),
