@@ -122,6 +122,8 @@ void TestVentanasConcurso::serie_data()
                                     << "80m" << 1;
     QTest::newRow("modo con serie 1: sin pregunta") << inc << QStringList{"modo CW"} << "1"
                                                     << "80m" << 0;
+    QTest::newRow("serie que no es número") << inc << QStringList{"rse 07x", "qso A1A"} << "8"
+                                            << "80m" << 0;
     QTest::newRow("reabrir: última banda y su serie")
         << inc << QStringList{"qso A1A", "qso B1B", "banda 40m", "qso C1C", "reabrir"} << "2"
         << "40m" << 0;
