@@ -188,6 +188,7 @@ QWidget *Form4::CrearMacros()
     Label10 = ::Crear<QLabel>(Frame1, "Label10");
     rejilla->addWidget(Label10, 3, 0, 1, 4);
     columna->addWidget(Frame1);
+    Frame1->setVisible(false); // until Timer2 applies the mode: most contests start in SSB
 
     // The CQ caller, in every mode but CW.
     Label13 = ::Crear<QLabel>(lado, "Label13");
