@@ -36,6 +36,8 @@ void Form4::NuevoConcurso()
     const bool incremental = ctx.ConcursoTipo == SerieIncremental();
     RSE->setText(incremental ? QStringLiteral("1") : QString());
     Label4->setText(incremental ? QStringLiteral("0") : QString());
+    // A contest founded now is logged at once: the date and time are there from the start.
+    Timer1_Timer();
 }
 
 void Form4::AbrirConcurso()
