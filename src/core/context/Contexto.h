@@ -86,9 +86,12 @@ public:
     QString OrigenEdicion;        // window that opened Form5
     bool EsperaLista = false;     // the short wait of the national lookup is over
     bool PulsoTimer10 = false;    // the fast tick that upload runs wait on
-    QString ConcursoNombre;        // the contest chosen or created in the chooser
-    QString ConcursoTipo;          // its series: "Incremental" or "Fija"
-    bool CargandoConcurso = false; // the contest window's lists are being filled
+
+    // The contest chosen or founded in the chooser, and its series ("Incremental" or
+    // "Fija"); true while the contest window's lists are being filled.
+    QString ConcursoNombre;
+    QString ConcursoTipo;
+    bool CargandoConcurso = false;
 
     // Ends the program at once (the first start cancelled, the closing run done).
     // main.cpp leaves the event loop; a test replaces it to see that it was asked.
