@@ -6,6 +6,7 @@
 #include "core/platform/ClienteWebQt.h"
 #include "core/platform/LineaSerieQt.h"
 #include "core/platform/RelojSistema.h"
+#include "gui/contest/Concursos.h"
 #include "gui/editing/Form5.h"
 #include "gui/main/Actualizaciones.h"
 #include "gui/main/Form1.h"
@@ -75,6 +76,7 @@ int main(int argc, char *argv[])
     ConectarEdicion(ventana, contexto);
     ConectarSatelites(ventana, contexto);
     ConectarActualizaciones(ventana, contexto);
+    ConectarConcursos(ventana, contexto);
     ventana.show();
     return app.exec();
 }

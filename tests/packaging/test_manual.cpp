@@ -4,6 +4,10 @@
 // window added without its section, or a PDF that lost text, fails here.
 
 #include "gui/config/Form2.h"
+#include "gui/contest/Form4.h"
+#include "gui/contest/Form7.h"
+#include "gui/contest/Form8.h"
+#include "gui/contest/Form9.h"
 #include "gui/editing/Form5.h"
 #include "gui/main/Form1.h"
 #include "gui/main/Form10.h"
@@ -74,6 +78,18 @@ void TestManual::ventanas_data()
     fila(
         "Form11", [](Contexto &c) { return new Form11(c, [] {}); }, u"Editar Satélites ..."_s,
         u"Editar Satélites ..."_s);
+    fila(
+        "Form8", [](Contexto &c) { return new Form8(c); }, u"Logs Cabrillos ..."_s,
+        u"Logs Cabrillos ..."_s);
+    fila(
+        "Form4", [](Contexto &c) { return new Form4(c); }, u"Cabrillo ..."_s,
+        u"Cabrillo ... (anotar un concurso)"_s);
+    fila(
+        "Form9", [](Contexto &c) { return new Form9(c); }, u"Encabezado"_s,
+        u"Encabezado de un concurso (el archivo Cabrillo)"_s);
+    fila(
+        "Form7", [](Contexto &c) { return new Form7(c, [] {}); }, u"Edición de Registro #"_s,
+        u"Edición de Registro # (corregir un QSO de concurso)"_s);
     // The history's caption is the callsign looked for.
     fila(
         "Form17",

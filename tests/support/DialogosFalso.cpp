@@ -22,6 +22,8 @@ const char *NombreTipo(LlamadaDialogo::Tipo tipo)
         return "Informacion";
     case LlamadaDialogo::Tipo::PreguntaSiNo:
         return "PreguntaSiNo";
+    case LlamadaDialogo::Tipo::ExclamacionSiNo:
+        return "ExclamacionSiNo";
     case LlamadaDialogo::Tipo::AceptarCancelar:
         return "AceptarCancelar";
     case LlamadaDialogo::Tipo::Entrada:
@@ -62,6 +64,12 @@ void DialogosFalso::Informacion(const QString &texto, const QString &titulo)
 bool DialogosFalso::PreguntaSiNo(const QString &texto, const QString &titulo)
 {
     Registrar(Tipo::PreguntaSiNo, texto, titulo);
+    return Siguiente(respuestasSiNo, false);
+}
+
+bool DialogosFalso::ExclamacionSiNo(const QString &texto, const QString &titulo)
+{
+    Registrar(Tipo::ExclamacionSiNo, texto, titulo);
     return Siguiente(respuestasSiNo, false);
 }
 

@@ -18,6 +18,7 @@ struct LlamadaDialogo
         Alto,
         Informacion,
         PreguntaSiNo,
+        ExclamacionSiNo,
         AceptarCancelar,
         Entrada,
         AbrirArchivo,
@@ -38,6 +39,7 @@ public:
     void Alto(const QString &texto, const QString &titulo = {}) override;
     void Informacion(const QString &texto, const QString &titulo = {}) override;
     bool PreguntaSiNo(const QString &texto, const QString &titulo = {}) override;
+    bool ExclamacionSiNo(const QString &texto, const QString &titulo = {}) override;
     bool AceptarCancelar(const QString &texto, const QString &titulo = {}) override;
     std::optional<QString> Entrada(const QString &texto, const QString &titulo = {},
                                    const QString &porDefecto = {}) override;
@@ -55,7 +57,7 @@ public:
     void Limpiar() { llamadas.clear(); }
 
     // ---- The script ----
-    QQueue<bool> respuestasSiNo;             // true = Sí
+    QQueue<bool> respuestasSiNo;             // true = Sí, for both kinds of Yes and No
     QQueue<bool> respuestasAceptar;          // true = Aceptar
     QQueue<std::optional<QString>> entradas; // nullopt = Cancelar
     QQueue<QString> archivosAbrir;           // empty = Cancelar

@@ -92,6 +92,12 @@ public:
     bool EsperaLista = false;     // the short wait of the national lookup is over
     bool PulsoTimer10 = false;    // the fast tick that upload runs wait on
 
+    // The contest chosen or founded in the chooser, and its series ("Incremental" or
+    // "Fija"); true while the contest window's lists are being filled.
+    QString ConcursoNombre;
+    QString ConcursoTipo;
+    bool CargandoConcurso = false;
+
     // Ends the program at once (the first start cancelled, the closing run done).
     // main.cpp leaves the event loop; a test replaces it to see that it was asked.
     std::function<void(int)> Terminar;

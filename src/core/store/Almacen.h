@@ -133,6 +133,24 @@ public:
     QVector<FilaConcurso> ConcursoPorModoBandaEstacion(const QString &log, const QString &modo,
                                                        const QString &banda,
                                                        const QString &estacion);
+    // The chooser's list, by name: each contest with the series of its founding row (its
+    // first row) and its rows less that one, all from one grouped read.
+    struct ConcursoListado
+    {
+        QString nombre;
+        QString tipo;
+        qint64 qsos = 0;
+        bool operator==(const ConcursoListado &) const = default;
+    };
+    QVector<ConcursoListado> ConcursosConCantidad();
+    // The newest row of a contest by id: its founding row while it has no QSO.
+    std::optional<FilaConcurso> UltimaFilaConcurso(const QString &log);
+    // The sent serial of the newest QSO of the contest in that mode and band.
+    std::optional<QString> UltimaSerieConcurso(const QString &log, const QString &modo,
+                                               const QString &banda);
+    // Whether the contest holds a QSO with that station in that mode and band.
+    bool ExisteQSOConcurso(const QString &log, const QString &estacion, const QString &modo,
+                           const QString &banda);
 
 private:
     struct Privado;

@@ -132,6 +132,8 @@ public:
     // The click of "Vía Satélite", and the choice of a satellite in Combo3.
     void ModoSatelite();
     void ElegirSatelite();
+    // "Concursos": the contest chooser.
+    std::function<void()> abrirConcursos;
 
     // Shows the context's settings: the station, the grid, the log in use, the screen
     // layout and "No Borrar". Run after every read and save of config.ini.

@@ -67,6 +67,10 @@ void Form1::Cargar()
         form2_->Mostrar();
     });
     connect(salir, &QAction::triggered, this, [this] { Salir(false); });
+    connect(cabro, &QAction::triggered, this, [this] {
+        if (abrirConcursos)
+            abrirConcursos();
+    });
     connect(Ayuda, &QAction::triggered, this, [this] {
         const QString manual = ctx.ArchivoAyuda();
         if (manual.isEmpty())

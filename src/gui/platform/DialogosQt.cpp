@@ -57,6 +57,12 @@ bool DialogosQt::PreguntaSiNo(const QString &texto, const QString &titulo)
                 QMessageBox::No) == QMessageBox::Yes;
 }
 
+bool DialogosQt::ExclamacionSiNo(const QString &texto, const QString &titulo)
+{
+    return Caja(QMessageBox::Warning, texto, titulo, QMessageBox::Yes | QMessageBox::No,
+                QMessageBox::No) == QMessageBox::Yes;
+}
+
 bool DialogosQt::AceptarCancelar(const QString &texto, const QString &titulo)
 {
     return Caja(QMessageBox::Question, texto, titulo, QMessageBox::Ok | QMessageBox::Cancel,
@@ -87,5 +93,5 @@ QString DialogosQt::GuardarArchivo(const QString &titulo, const QString &carpeta
                                    const QString &filtro)
 {
     return QFileDialog::getSaveFileName(QApplication::activeWindow(), Titulo(titulo), carpeta,
-                                        filtro);
+                                        filtro, nullptr, QFileDialog::DontConfirmOverwrite);
 }

@@ -12,6 +12,7 @@ public:
     void Alto(const QString &texto, const QString &titulo = {}) override;
     void Informacion(const QString &texto, const QString &titulo = {}) override;
     bool PreguntaSiNo(const QString &texto, const QString &titulo = {}) override;
+    bool ExclamacionSiNo(const QString &texto, const QString &titulo = {}) override;
     bool AceptarCancelar(const QString &texto, const QString &titulo = {}) override;
     std::optional<QString> Entrada(const QString &texto, const QString &titulo = {},
                                    const QString &porDefecto = {}) override;

@@ -1,0 +1,17 @@
+#pragma once
+// The contest windows wired to the main window's "Concursos": the chooser, the contest
+// window, its Cabrillo header and its QSO edit window, made once and reused.
+
+#include <QString>
+#include <functional>
+
+class Contexto;
+class Form1;
+class Form4;
+
+// exportarAdif is the contest's ADIF export, run by the contest window's "ADIF" button
+// (nothing while unset). The contest window is answered so that the keyer can be plugged
+// into its seams.
+Form4 *ConectarConcursos(
+    Form1 &principal, Contexto &ctx,
+    std::function<void(const QString &concurso, const QString &senal)> exportarAdif = {});
