@@ -3,6 +3,8 @@
 // and files that are no ADIF at all.
 #include "core/adif/Duplicados.h"
 #include "core/adif/Importacion.h"
+#include "core/rules/Senales.h"
+#include "core/store/AyudaAlmacen.h"
 #include "support/ContextoPrueba.h"
 #include "support/Hecho.h"
 
@@ -61,6 +63,11 @@ private Q_SLOTS:
     void registro();
     void duplicados_data();
     void duplicados();
+    void exportacionPropia();
+    void detener_data();
+    void detener();
+    void archivosMalos_data();
+    void archivosMalos();
 };
 
 void TestImportacion::archivosReales_data()
@@ -233,6 +240,139 @@ void TestImportacion::duplicados()
     QTEST(espera[0].Dupe, "marca");
     QTEST(espera[1].Dupe, "marca");
     QCOMPARE(r.nuevos + r.duplicados, 2);
+}
+
+namespace {
+
+// A file as our own backup writes it: Windows-1252, CR LF, one record a line, <EOF> last.
+QByteArray ExportacionPropia(const char *observacion)
+{
+    QByteArray obs(observacion);
+    return "<PROGRAMID:17>Carancho Radiolog\r\n<PROGRAMVERSION:6>2.1.03\r\n<ADIF_VER:4>3.04\r\n"
+           "<CREATED_TIMESTAMP:15>20241124 063000\r\n<EOH>\r\n"
+           "<STATION_CALLSIGN:6>LU9DCE<CALL:6>LU1AAA<MODE:3>SSB<BAND:3>40m<FREQ:5>7.150"
+           "<QSO_DATE:8>20240315<TIME_ON:4>1200<RST_SENT:2>59<RST_RCVD:2>57<PROP_MODE:3>SAT"
+           "<SAT_NAME:5>AO-91<OPERATOR:4>Juan<COMMENT:" +
+           QByteArray::number(obs.size()) + ">" + obs +
+           "<MY_GRIDSQUARE:6>GF05tj<GRIDSQUARE:4>FF78<QSL_RCVD:1>Y<LOG_NAME:4>Otro<EOR>\r\n"
+           "<STATION_CALLSIGN:6>LU9DCE<CALL:5>CX1AA<MODE:6>DVoice<BAND:2>2m<FREQ:7>145.000"
+           "<QSO_DATE:8>20240316<TIME_ON:4>0930<RST_SENT:2>59<RST_RCVD:2>59<QSL_RCVD:1>N"
+           "<LOG_NAME:4>Otro<EOR>\r\n<EOF>\r\n";
+}
+
+} // namespace
+
+void TestImportacion::exportacionPropia()
+{
+    Prueba t;
+    t.Procesar(ExportacionPropia("Mu\xF1oz d'Alessio"));
+    QCOMPARE(t.imp.Cargar(false, Log).cargados, 2);
+    FilaQSO uno{1,
+                u"SSB"_s,
+                u"40m"_s,
+                u"LU9DCE"_s,
+                u"LU1AAA"_s,
+                u"15/03/2024"_s,
+                u"12:00:00"_s,
+                u"59"_s,
+                u"57"_s,
+                u"Muñoz d'Alessio"_s,
+                u"Juan"_s,
+                Log,
+                u"7.150"_s,
+                u"GF05tj"_s,
+                u"FF78"_s,
+                u"0"_s,
+                u"AO-91"_s,
+                ProvinciaParaGuardar(u"LU1AAA"_s),
+                {}};
+    FilaQSO dos{
+        2,       u"DVoice"_s, u"2m"_s, u"LU9DCE"_s, u"CX1AA"_s, u"16/03/2024"_s, u"09:30:00"_s,
+        u"59"_s, u"59"_s,     {},      {},          Log,        u"145.000"_s,    {},
+        {},      u"0"_s,      {},      {},          {}};
+    // What does not come back: the log's name (the log in use takes them) and the upload
+    // state, since the file is not the national service's.
+    QCOMPARE(t.Log1(), (QVector<FilaQSO>{uno, dos}));
+
+    // The same file corrected, again: both duplicates, written over only when asked.
+    const Importacion::Procesado r = t.Procesar(ExportacionPropia("corregido"));
+    QCOMPARE(Resumen(r), u"0 nuevos, 2 duplicados "_s);
+    QCOMPARE(t.imp.Cargar(false, Log).cargados, 0);
+    QCOMPARE(t.Log1(), (QVector<FilaQSO>{uno, dos}));
+    Hecho(t.p->almacen().MarcarLbN(1, 2));
+    t.Procesar(ExportacionPropia("corregido"));
+    QCOMPARE(t.imp.Cargar(true, Log).cargados, 2);
+    uno.Obs = u"corregido"_s; // and the state of the file's, 0, over the stored 2
+    QCOMPARE(t.Log1(), (QVector<FilaQSO>{uno, dos}));
+}
+
+void TestImportacion::detener_data()
+{
+    QTest::addColumn<bool>("cargando"); // or processing
+    QTest::addColumn<int>("pregunta");  // the call to seguir that answers "stop", from 1
+    QTest::addColumn<int>("espera");    // rows in Tabla3 afterwards
+    QTest::addColumn<int>("log");       // QSOs in the log afterwards
+    QTest::newRow("procesando, primero") << false << 1 << 0 << 0;
+    QTest::newRow("procesando, cuarto") << false << 4 << 3 << 0;
+    QTest::newRow("cargando, primero") << true << 1 << 5 << 1;
+    QTest::newRow("cargando, cuarto") << true << 4 << 5 << 4;
+}
+
+void TestImportacion::detener()
+{
+    QFETCH(int, pregunta);
+    Prueba t;
+    QByteArray datos;
+    for (int i = 0; i < 5; ++i)
+        datos += "<CALL:6>LU1AA" + QByteArray::number(i) +
+                 "<QSO_DATE:8>20240315<TIME_ON:4>1200<BAND:3>40m<RST_SENT:2>59<EOR>\r\n";
+    int llamadas = 0;
+    t.imp.enlace.seguir = [&] { return ++llamadas != pregunta; };
+    QFETCH(bool, cargando);
+    if (cargando) {
+        t.imp.enlace.seguir = {};
+        t.Procesar(datos);
+        t.imp.enlace.seguir = [&] { return ++llamadas != pregunta; };
+        const Importacion::Carga c = t.imp.Cargar(false, Log);
+        QVERIFY(c.detenido && c.fallo.isEmpty());
+    } else {
+        const Importacion::Procesado r = t.Procesar(datos);
+        QVERIFY(r.detenido && r.fallo.isEmpty());
+    }
+    // Kept, and on disk: another connection sees it.
+    OtraConexion otra(t.p->almacen().Archivo());
+    QTEST(otra(u"SELECT COUNT(*) FROM Tabla3"_s).value(0).toInt(), "espera");
+    QTEST(otra(u"SELECT COUNT(*) FROM Tabla1"_s).value(0).toInt(), "log");
+}
+
+void TestImportacion::archivosMalos_data()
+{
+    QTest::addColumn<QByteArray>("datos");
+    QTest::addColumn<QString>("mensaje"); // %1: the path
+    const QByteArray qso = "<CALL:3>LU1<QSO_DATE:8>20240315<TIME_ON:4>1200<RST_SENT:2>59<EOR>\r\n";
+    const QString sinQSOs = u"El Archivo log.adi no tiene QSOss!"_s;
+    QTest::newRow("vacío") << QByteArray() << sinQSOs;
+    QTest::newRow("binario") << QByteArray("\x00\xFF<\x01\r\r\n\x89PNG\x1A<CALL:\x00>>", 22)
+                             << sinQSOs;
+    QTest::newRow("10.000 líneas") << qso.repeated(10000) << QString();
+    QTest::newRow("10.001 líneas") << qso.repeated(10000) + "\r\n"
+                                   << u"El archivo:\r\n%1\r\ntiene mas de 10.000 QSOs!"_s;
+}
+
+void TestImportacion::archivosMalos()
+{
+    QFETCH(QByteArray, datos);
+    QFETCH(QString, mensaje);
+    Prueba t;
+    const QString ruta = t.Poner(u"log.adi"_s, datos);
+    const Importacion::Medida m = t.Medir(ruta);
+    QCOMPARE(m.mensaje, mensaje.replace(u"%1"_s, QDir::toNativeSeparators(ruta)));
+    QCOMPARE(m.qsos, mensaje.isEmpty() ? 10000 : 0);
+
+    // A folder, and a file that is not there.
+    QCOMPARE(t.Medir(t.p.Carpeta()).mensaje,
+             u"%1 no es un archivo."_s.arg(QDir::toNativeSeparators(t.p.Carpeta())));
+    QCOMPARE(t.Medir(ruta + u"x"_s).fin, Importacion::Medida::Fin::Fallo);
 }
 
 QTEST_GUILESS_MAIN(TestImportacion)
