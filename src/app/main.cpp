@@ -6,6 +6,7 @@
 #include "core/platform/ClienteWebQt.h"
 #include "core/platform/LineaSerieQt.h"
 #include "core/platform/RelojSistema.h"
+#include "gui/adif/Form12.h"
 #include "gui/editing/Form5.h"
 #include "gui/main/Form1.h"
 #include "gui/platform/DialogosQt.h"
@@ -63,6 +64,7 @@ int main(int argc, char *argv[])
 
     Form1 ventana(contexto);
     ConectarEdicion(ventana, contexto);
+    ConectarImportacion(ventana, contexto);
     ventana.show();
     return app.exec();
 }

@@ -125,6 +125,8 @@ public:
     // gets the row as stored, read by its id.
     std::function<void(const FilaQSO &, bool conSat)> abrirEdicion;
     std::function<void()> buscarQRZ, buscarLbN;
+    // "Importar ADIF": the import window, once it is connected.
+    std::function<void()> importarAdif;
 
     // Shows the context's settings: the station, the grid, the log in use, the screen
     // layout and "No Borrar". Run after every read and save of config.ini.

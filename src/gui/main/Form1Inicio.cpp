@@ -84,6 +84,10 @@ void Form1::Cargar()
         form2_->Mostrar();
     });
     connect(salir, &QAction::triggered, this, [this] { Salir(false); });
+    connect(iadif, &QAction::triggered, this, [this] {
+        if (importarAdif)
+            importarAdif();
+    });
     connect(Ayuda, &QAction::triggered, this, [this] {
         if (!ctx.escritorio().Abrir(ctx.Archivo(QStringLiteral("AyudaRadiolog2.pdf"))))
             ctx.dialogos().Exclamacion(QStringLiteral("No se pudo abrir la ayuda:\r\n\r\n") +
