@@ -11,12 +11,7 @@
 
 class Almacen;
 
-// Whole minutes from one moment to the other, as a calendar counts them: the seconds are
-// dropped first, so 12:00:59 and 12:10:00 are ten minutes apart. Dates "dd/mm/yyyy", times
-// "hh:mm" or "hh:mm:ss". Nothing when either cannot be read.
-std::optional<qint64> MinutosEntre(const QString &fecha1, const QString &hora1,
-                                   const QString &fecha2, const QString &hora2);
-
 // The id of the first QSO of the log, in the table's order, that this one duplicates;
-// nothing when none does or the QSO has no date.
+// nothing when none does or the QSO has no date. Minutes are counted as a calendar counts
+// them: the seconds are dropped first, so 12:00:59 and 12:10:00 are ten minutes apart.
 std::optional<qint64> BuscarDuplicado(Almacen &almacen, const QString &log, const RegistroQSO &qso);
