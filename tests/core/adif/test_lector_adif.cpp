@@ -4,7 +4,6 @@
 #include "core/adif/LectorAdif.h"
 #include "support/Semilla.h"
 
-#include <QElapsedTimer>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -111,8 +110,6 @@ void TestLectorAdif::bytesAlAzar()
                                  "\r",
                                  "\n",
                                  " "};
-    QElapsedTimer reloj;
-    reloj.start();
     for (int i = 0; i < 3000; ++i) {
         QByteArray datos;
         const int partes = int(azar.bounded(40));
@@ -131,7 +128,6 @@ void TestLectorAdif::bytesAlAzar()
                 QVERIFY(q->Estacion.size() <= 20 && q->Fecha.size() == 10 && q->Hora.size() == 5);
         }
     }
-    QVERIFY2(reloj.elapsed() < 1000, "la prueba al azar debe ser corta");
 }
 
 QTEST_GUILESS_MAIN(TestLectorAdif)
