@@ -330,6 +330,11 @@ void TestImportacion::archivosMalos()
     QCOMPARE(t.Medir(t.p.Carpeta()).mensaje,
              u"%1 no es un archivo."_s.arg(QDir::toNativeSeparators(t.p.Carpeta())));
     QCOMPARE(t.Medir(ruta + u"x"_s).fin, Importacion::Medida::Fin::Fallo);
+    // A file with LF line ends whose copy cannot be written (a folder has its name): read
+    // all the same.
+    const QString lf = t.Poner(u"lf.adi"_s, "<CALL:3>LU1<EOR>\n<CALL:3>LU2<EOR>\n");
+    QVERIFY(QDir().mkdir(lf + u"_210509"_s));
+    QCOMPARE(t.Medir(lf).qsos, 2);
 }
 
 QTEST_GUILESS_MAIN(TestImportacion)
