@@ -7,6 +7,7 @@
 #include "core/platform/LineaSerieQt.h"
 #include "core/platform/RelojSistema.h"
 #include "gui/contest/Concursos.h"
+#include "gui/adif/Form12.h"
 #include "gui/editing/Form5.h"
 #include "gui/main/Actualizaciones.h"
 #include "gui/main/Form1.h"
@@ -77,6 +78,7 @@ int main(int argc, char *argv[])
     ConectarSatelites(ventana, contexto);
     ConectarActualizaciones(ventana, contexto);
     ConectarConcursos(ventana, contexto);
+    ConectarImportacion(ventana, contexto);
     ventana.show();
     return app.exec();
 }

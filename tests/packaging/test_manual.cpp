@@ -3,6 +3,7 @@
 // section headed by its caption in docs/manual.md, and the PDF the build made holds it. A
 // window added without its section, or a PDF that lost text, fails here.
 
+#include "gui/adif/Form12.h"
 #include "gui/config/Form2.h"
 #include "gui/contest/Form4.h"
 #include "gui/contest/Form7.h"
@@ -78,6 +79,9 @@ void TestManual::ventanas_data()
     fila(
         "Form11", [](Contexto &c) { return new Form11(c, [] {}); }, u"Editar Satélites ..."_s,
         u"Editar Satélites ..."_s);
+    fila(
+        "Form12", [](Contexto &c) { return new Form12(c, [] {}); }, u"Importar ADIF ..."_s,
+        u"Importar ADIF ..."_s);
     fila(
         "Form8", [](Contexto &c) { return new Form8(c); }, u"Logs Cabrillos ..."_s,
         u"Logs Cabrillos ..."_s);

@@ -134,6 +134,8 @@ public:
     void ElegirSatelite();
     // "Concursos": the contest chooser.
     std::function<void()> abrirConcursos;
+    // "Importar ADIF": the import window, once it is connected.
+    std::function<void()> importarAdif;
 
     // Shows the context's settings: the station, the grid, the log in use, the screen
     // layout and "No Borrar". Run after every read and save of config.ini.

@@ -71,6 +71,10 @@ void Form1::Cargar()
         if (abrirConcursos)
             abrirConcursos();
     });
+    connect(iadif, &QAction::triggered, this, [this] {
+        if (importarAdif)
+            importarAdif();
+    });
     connect(Ayuda, &QAction::triggered, this, [this] {
         const QString manual = ctx.ArchivoAyuda();
         if (manual.isEmpty())

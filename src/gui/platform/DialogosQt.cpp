@@ -33,6 +33,25 @@ QMessageBox::StandardButton Caja(QMessageBox::Icon icono, const QString &texto,
     return static_cast<QMessageBox::StandardButton>(caja.exec());
 }
 
+// A filter as the program's dialogs have always written it, pairs of description and
+// patterns behind "|" ("ADIF| *.adi; *.adi"), in Qt's form: "ADIF (*.adi)".
+QString FiltroQt(const QString &filtro)
+{
+    if (!filtro.contains(QLatin1Char('|')))
+        return filtro;
+    const QStringList partes = filtro.split(QLatin1Char('|'));
+    QStringList filtros;
+    for (qsizetype i = 0; i + 1 < partes.size(); i += 2) {
+        QStringList patrones = QString(partes.at(i + 1))
+                                   .replace(QLatin1Char(';'), QLatin1Char(' '))
+                                   .split(QLatin1Char(' '), Qt::SkipEmptyParts);
+        patrones.removeDuplicates();
+        filtros << partes.at(i).trimmed() + QStringLiteral(" (") + patrones.join(QLatin1Char(' ')) +
+                       QLatin1Char(')');
+    }
+    return filtros.join(QStringLiteral(";;"));
+}
+
 } // namespace
 
 void DialogosQt::Exclamacion(const QString &texto, const QString &titulo)
@@ -86,12 +105,13 @@ QString DialogosQt::AbrirArchivo(const QString &titulo, const QString &carpeta,
                                  const QString &filtro)
 {
     return QFileDialog::getOpenFileName(QApplication::activeWindow(), Titulo(titulo), carpeta,
-                                        filtro);
+                                        FiltroQt(filtro));
 }
 
 QString DialogosQt::GuardarArchivo(const QString &titulo, const QString &carpeta,
                                    const QString &filtro)
 {
     return QFileDialog::getSaveFileName(QApplication::activeWindow(), Titulo(titulo), carpeta,
-                                        filtro, nullptr, QFileDialog::DontConfirmOverwrite);
+                                        FiltroQt(filtro), nullptr,
+                                        QFileDialog::DontConfirmOverwrite);
 }
