@@ -25,10 +25,9 @@ const char *const kDelLog = "WHERE \"Nombre Log\"=? AND Modo<>'' ";
 const char *const kNuevos = "ORDER BY Fecha DESC, Hora DESC, id DESC ";
 const char *const kViejos = "ORDER BY Fecha ASC, Hora ASC, id ASC ";
 
-// The successor of a text in the order of a NOCASE column: every text that starts with
-// the given one (any case of its ASCII letters) sorts at or after it and before this.
-// Empty when there is none (the text ends with the last code point).
-QString Siguiente(const QString &texto)
+} // namespace
+
+QString almacen::Siguiente(const QString &texto)
 {
     QList<uint> puntos = texto.toUcs4();
     for (uint &p : puntos)
@@ -41,14 +40,13 @@ QString Siguiente(const QString &texto)
     return QString::fromUcs4(reinterpret_cast<const char32_t *>(puntos.constData()), puntos.size());
 }
 
-} // namespace
-
 // ---- Reading rows ----------------------------------------------------------------------------
 
-QVector<FilaQSO> Almacen::Privado::LeerFilas(QSqlQuery &q, bool conDupe, QVector<Clave> *claves)
+QVector<FilaQSO> Almacen::Privado::LeerFilas(QSqlQuery &q, bool conDupe, QVector<Clave> *claves,
+                                             qsizetype maximo)
 {
     QVector<FilaQSO> filas;
-    while (q.next()) {
+    while ((maximo < 0 || filas.size() < maximo) && q.next()) {
         FilaQSO f;
         f.id = q.value(0).toLongLong();
         f.Modo = q.value(1).toString();
@@ -75,7 +73,8 @@ QVector<FilaQSO> Almacen::Privado::LeerFilas(QSqlQuery &q, bool conDupe, QVector
             claves->append({fecha, f.Hora, f.id});
         filas.append(std::move(f));
     }
-    q.finish();
+    if (maximo < 0 || filas.size() < maximo)
+        q.finish();
     return filas;
 }
 
@@ -360,31 +359,6 @@ QVector<FilaQSO> Almacen::BuscarQSOs(const QString &log, const QString &myCall,
         valores << operador;
     }
     return d->Filas(sql + QLatin1String(kNuevos), valores);
-}
-
-QVector<FilaQSO> Almacen::ExportarQSOs(const QString &log, const FiltroExportacion &filtro)
-{
-    d->FinDeCargaMasiva();
-    QString sql = DeTabla1("WHERE \"Nombre Log\"=? ");
-    QVariantList valores = {Texto(log)};
-    const std::pair<const char *, const QString *> patrones[] = {{"MyCall", &filtro.myCall},
-                                                                 {"Operador", &filtro.operador},
-                                                                 {"Estacion", &filtro.estacion},
-                                                                 {"Modo", &filtro.modo},
-                                                                 {"Banda", &filtro.banda}};
-    for (const auto &[columna, texto] : patrones) {
-        if (texto->isEmpty())
-            continue;
-        sql += QStringLiteral("AND %1 LIKE ? ESCAPE '\\' ").arg(QLatin1String(columna));
-        valores << PatronLike(*texto);
-    }
-    if (!filtro.obs.isEmpty()) {
-        sql += QStringLiteral("AND Obs LIKE ? ESCAPE '\\' ");
-        valores << QLatin1Char('%') + PatronLike(filtro.obs) + QLatin1Char('%');
-    }
-    if (filtro.soloSatelite)
-        sql += QStringLiteral("AND Nombre_Sat<>'' ");
-    return d->Filas(sql + QLatin1String(kViejos), valores);
 }
 
 QVector<FilaQSO> Almacen::TodosLosQSOs()

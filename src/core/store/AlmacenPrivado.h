@@ -34,6 +34,11 @@ QString SinBlancos(const QString &texto);
 // A * or ? wildcard becomes % or _; a literal %, _ or \ is escaped with \.
 QString PatronLike(const QString &texto);
 
+// The successor of a text in the order of a NOCASE column: every text that starts with
+// the given one (any case of its ASCII letters) sorts at or after it and before this.
+// Empty when there is none (the text ends with the last code point).
+QString Siguiente(const QString &texto);
+
 // An empty text bound as '' and never as NULL: "LbN=''" and "Modo<>''" must see it.
 inline QVariant Texto(const QString &s)
 {
@@ -149,9 +154,10 @@ struct Almacen::Privado
     QStringList Columnas(const QString &tabla);
     bool AgregarFaltantes(const QString &tabla, const QVector<QPair<QString, QString>> &columnas);
 
-    // Rows of a SELECT of kColumnasTabla1 (plus Dupe when conDupe).
+    // Rows of a SELECT of kColumnasTabla1 (plus Dupe when conDupe). With a maximo, at most
+    // that many, and the statement is left open when it may hold more.
     QVector<FilaQSO> LeerFilas(QSqlQuery &q, bool conDupe = false,
-                               QVector<almacen::Clave> *claves = nullptr);
+                               QVector<almacen::Clave> *claves = nullptr, qsizetype maximo = -1);
     QVector<FilaConcurso> LeerConcurso(QSqlQuery &q);
     QVector<FilaQSO> Filas(const QString &sql, const QVariantList &valores);
     QVector<FilaConcurso> FilasConcurso(const QString &sql, const QVariantList &valores);
