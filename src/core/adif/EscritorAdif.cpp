@@ -9,46 +9,84 @@
 
 namespace {
 
-// "<TAG:" + the byte count + ">" + the value. Nearly every value is plain ASCII, copied
-// as it stands with no UTF-8 pass: a backup runs this a dozen times per QSO.
-void Campo(QByteArray &s, const char *etiqueta, QStringView valor)
+// "<TAG:" + the byte count + ">".
+void Etiqueta(QByteArray &s, const char *etiqueta, qsizetype largo)
 {
-    bool ascii = true;
-    for (QChar c : valor)
-        if (c.unicode() >= 0x80) {
-            ascii = false;
-            break;
-        }
-    const QByteArray utf8 = ascii ? QByteArray() : valor.toUtf8();
-    const qsizetype largo = ascii ? valor.size() : utf8.size();
     char numero[24];
     const auto fin = std::to_chars(numero, numero + sizeof numero, largo).ptr;
     s += etiqueta;
     s.append(numero, fin - numero);
     s += '>';
-    if (!ascii) {
-        s += utf8;
-        return;
+}
+
+// A field with its value. Nearly every value is plain ASCII, copied as it stands with no
+// UTF-8 pass: a backup runs this a dozen times per QSO.
+void Campo(QByteArray &s, const char *etiqueta, QStringView valor)
+{
+    for (QChar c : valor) {
+        if (c.unicode() >= 0x80) {
+            const QByteArray utf8 = valor.toUtf8();
+            Etiqueta(s, etiqueta, utf8.size());
+            s += utf8;
+            return;
+        }
     }
+    Etiqueta(s, etiqueta, valor.size());
     const qsizetype desde = s.size();
-    s.resize(desde + largo);
+    s.resize(desde + valor.size());
     char *p = s.data() + desde;
     for (QChar c : valor)
         *p++ = char(c.unicode());
 }
 
+// The digits of s[desde, desde + n), or -1 when one is not an ASCII digit.
+int Numero(QStringView s, qsizetype desde, qsizetype n)
+{
+    int valor = 0;
+    for (qsizetype i = desde; i < desde + n; ++i) {
+        const char16_t c = s[i].unicode();
+        if (c < u'0' || c > u'9')
+            return -1;
+        valor = valor * 10 + (c - u'0');
+    }
+    return valor;
+}
+
+// <QSO_DATE: of a "dd/mm/yyyy" date. A text that is no such date goes out as it stands,
+// its '/' taken out: a backup keeps whatever the store holds.
+void CampoFecha(QByteArray &s, const QString &fecha)
+{
+    if (fecha.size() == 10 && fecha.at(2) == QLatin1Char('/') && fecha.at(5) == QLatin1Char('/') &&
+        QDate::isValid(Numero(fecha, 6, 4), Numero(fecha, 3, 2), Numero(fecha, 0, 2))) {
+        const QChar *f = fecha.constData();
+        const char digitos[8] = {char(f[6].unicode()), char(f[7].unicode()), char(f[8].unicode()),
+                                 char(f[9].unicode()), char(f[3].unicode()), char(f[4].unicode()),
+                                 char(f[0].unicode()), char(f[1].unicode())};
+        Etiqueta(s, "<QSO_DATE:", 8);
+        s.append(digitos, 8);
+        return;
+    }
+    Campo(s, "<QSO_DATE:", QString(fecha).remove(QLatin1Char('/')));
+}
+
+// <TIME_ON: of the stored "hh:mm:ss" as hhmm; of any other text with its ':' taken out.
+void CampoHora(QByteArray &s, const QString &hora)
+{
+    if (hora.size() == 8 && hora.at(2) == QLatin1Char(':') && hora.at(5) == QLatin1Char(':') &&
+        Numero(hora, 0, 2) >= 0 && Numero(hora, 3, 2) >= 0) {
+        const QChar *h = hora.constData();
+        const char digitos[4] = {char(h[0].unicode()), char(h[1].unicode()), char(h[3].unicode()),
+                                 char(h[4].unicode())};
+        Etiqueta(s, "<TIME_ON:", 4);
+        s.append(digitos, 4);
+        return;
+    }
+    Campo(s, "<TIME_ON:", QString(hora).remove(QLatin1Char(':')));
+}
+
 bool EnBlanco(const QString &texto)
 {
     return texto.trimmed().isEmpty();
-}
-
-// The stored "hh:mm:ss" as hhmm; any other text with its ':' taken out.
-QString HoraAdif(const QString &hora)
-{
-    QString h = hora;
-    if (h.size() == 8 && h.at(2) == QLatin1Char(':') && h.at(5) == QLatin1Char(':'))
-        h.truncate(5);
-    return h.remove(QLatin1Char(':'));
 }
 
 // The fields both the search export and the backup write alike, up to the reports.
@@ -59,8 +97,8 @@ void Comunes(QByteArray &s, const FilaQSO &f, const QString &modo)
     Campo(s, "<MODE:", modo);
     Campo(s, "<BAND:", f.Banda);
     Campo(s, "<FREQ:", f.Frecuencia);
-    Campo(s, "<QSO_DATE:", FechaAdif(f.Fecha));
-    Campo(s, "<TIME_ON:", HoraAdif(f.Hora));
+    CampoFecha(s, f.Fecha);
+    CampoHora(s, f.Hora);
     Campo(s, "<RST_SENT:", f.RSE);
     Campo(s, "<RST_RCVD:", f.RSR);
 }
@@ -87,14 +125,6 @@ QByteArray CabeceraAdif(const QString &versionPrograma, const QDateTime &creado)
     Campo(s, "<CREATED_TIMESTAMP:", creado.toString(QStringLiteral("yyyyMMdd HHmmss")));
     s += "\r\n<EOH>\r\n";
     return s;
-}
-
-QString FechaAdif(const QString &fecha)
-{
-    const QDate d = QDate::fromString(fecha, QStringLiteral("dd/MM/yyyy"));
-    if (d.isValid() && fecha.size() == 10)
-        return fecha.mid(6, 4) + fecha.mid(3, 2) + fecha.left(2);
-    return QString(fecha).remove(QLatin1Char('/'));
 }
 
 void AgregarRegistroBusqueda(QByteArray &s, const FilaQSO &f, bool comentarioComoQslmsg)

@@ -27,10 +27,6 @@ inline QByteArray FinAdif()
     return QByteArrayLiteral("<EOF>\r\n");
 }
 
-// A "dd/mm/yyyy" date as yyyymmdd. A text that is no such date is written as it stands,
-// its '/' taken out: a backup keeps whatever the store holds.
-QString FechaAdif(const QString &fecha);
-
 // One record of the search export, from a row as the list shows it: "DVoice" written as
 // DIGITALVOICE; with comentarioComoQslmsg the remark goes out as QSLMSG too.
 void AgregarRegistroBusqueda(QByteArray &salida, const FilaQSO &fila, bool comentarioComoQslmsg);

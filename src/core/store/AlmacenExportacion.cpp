@@ -5,6 +5,9 @@
 #include "core/store/AlmacenPrivado.h"
 
 #include <QFileInfo>
+#include <QSqlDriver>
+#include <iterator>
+#include <sqlite3.h>
 
 using namespace almacen;
 
@@ -24,6 +27,24 @@ QString PrefijoFijo(const QString &patron)
            patron.at(n) != QLatin1Char('?'))
         ++n;
     return patron.left(n);
+}
+
+// A text column of the row the statement stands on, into a text that keeps its room: plain
+// ASCII is widened in place, anything else decoded from UTF-8. NULL reads as empty.
+void LeerTexto(QString &destino, sqlite3_stmt *consulta, int columna)
+{
+    const auto *texto = sqlite3_column_text(consulta, columna);
+    const int largo = sqlite3_column_bytes(consulta, columna);
+    for (int i = 0; i < largo; ++i) {
+        if (texto[i] >= 0x80) {
+            destino = QString::fromUtf8(reinterpret_cast<const char *>(texto), largo);
+            return;
+        }
+    }
+    destino.resize(largo);
+    QChar *p = destino.data();
+    for (int i = 0; i < largo; ++i)
+        p[i] = QLatin1Char(char(texto[i]));
 }
 
 } // namespace
@@ -76,22 +97,50 @@ QVector<FilaQSO> Almacen::ExportarQSOs(const QString &log, const FiltroExportaci
 Resultado<> Almacen::RecorrerQSOs(const std::function<bool(const FilaQSO &)> &cada)
 {
     d->FinDeCargaMasiva();
-    static const QString sql = DeTabla1("ORDER BY id");
-    QSqlQuery *q = d->Preparar(sql, {});
-    if (!q)
+    const auto fallo = [this](const QString &causa) {
+        d->error = causa;
         return d->FalloCon(QStringLiteral("No se pudieron leer los QSOs."));
-    // Read in pieces, so that a whole table never sits in memory.
-    for (;;) {
-        const QVector<FilaQSO> pieza = d->LeerFilas(*q, false, nullptr, 4096);
-        for (const FilaQSO &f : pieza) {
-            if (!cada(f)) {
-                q->finish();
-                return {};
-            }
-        }
-        if (pieza.size() < 4096)
-            return {};
+    };
+    // Read through the engine's own interface on Qt's connection: every value of Qt's
+    // reader passes through a variant and a UTF-16 copy made by the engine, which would
+    // take longer than writing the whole backup.
+    sqlite3 *base = nullptr;
+    if (d->Abierta()) {
+        const QVariant h = d->db.driver()->handle();
+        if (h.isValid() && qstrcmp(h.typeName(), "sqlite3*") == 0)
+            base = *static_cast<sqlite3 *const *>(h.constData());
     }
+    if (!base)
+        return fallo(QStringLiteral("La base de datos no está abierta."));
+    const QByteArray sql = QByteArrayLiteral("SELECT ") + kColumnasTabla1 +
+                           QByteArrayLiteral(" FROM Tabla1 ORDER BY id");
+    sqlite3_stmt *consulta = nullptr;
+    if (sqlite3_prepare_v2(base, sql.constData(), int(sql.size()), &consulta, nullptr) !=
+        SQLITE_OK) {
+        sqlite3_finalize(consulta);
+        return fallo(QString::fromUtf8(sqlite3_errmsg(base)));
+    }
+    // One row object for the whole walk: its texts keep their room from row to row.
+    FilaQSO f;
+    QString *const columnas[] = {nullptr,     &f.Modo,       &f.Banda,      &f.MyCall, &f.Estacion,
+                                 &f.Fecha,    &f.Hora,       &f.RSE,        &f.RSR,    &f.Obs,
+                                 &f.Operador, &f.NombreLog,  &f.Frecuencia, &f.MiGrid, &f.SuGrid,
+                                 &f.LbN,      &f.Nombre_Sat, &f.Argento};
+    int paso;
+    while ((paso = sqlite3_step(consulta)) == SQLITE_ROW) {
+        f.id = sqlite3_column_int64(consulta, 0);
+        for (int i = 1; i < int(std::size(columnas)); ++i)
+            LeerTexto(*columnas[i], consulta, i);
+        f.Fecha = FechaLeida(f.Fecha);
+        if (!cada(f)) {
+            paso = SQLITE_DONE;
+            break;
+        }
+    }
+    sqlite3_finalize(consulta);
+    if (paso != SQLITE_DONE)
+        return fallo(QString::fromUtf8(sqlite3_errstr(paso)));
+    return {};
 }
 
 Resultado<> Almacen::CopiarBase(const QString &destino)
