@@ -6,6 +6,7 @@
 #include "core/platform/ClienteWebQt.h"
 #include "core/platform/LineaSerieQt.h"
 #include "core/platform/RelojSistema.h"
+#include "gui/adif/ExportarAdif.h"
 #include "gui/editing/Form5.h"
 #include "gui/main/Form1.h"
 #include "gui/platform/DialogosQt.h"
@@ -62,7 +63,8 @@ int main(int argc, char *argv[])
     }
 
     Form1 ventana(contexto);
-    ConectarEdicion(ventana, contexto);
+    Form5 *edicion = ConectarEdicion(ventana, contexto);
+    ConectarAdif(ventana, contexto, edicion);
     ventana.show();
     return app.exec();
 }

@@ -33,6 +33,22 @@ QMessageBox::StandardButton Caja(QMessageBox::Icon icono, const QString &texto,
     return static_cast<QMessageBox::StandardButton>(caja.exec());
 }
 
+// A filter may come in the "description|pattern|description|pattern" form: Qt wants
+// "description (pattern);;description (pattern)".
+QString FiltroQt(const QString &filtro)
+{
+    if (!filtro.contains(QLatin1Char('|')))
+        return filtro;
+    const QStringList partes = filtro.split(QLatin1Char('|'));
+    QStringList filtros;
+    for (int i = 0; i + 1 < partes.size(); i += 2)
+        filtros << (partes.at(i).contains(QLatin1Char('('))
+                        ? partes.at(i)
+                        : partes.at(i) + QStringLiteral(" (") + partes.at(i + 1) +
+                              QLatin1Char(')'));
+    return filtros.join(QStringLiteral(";;"));
+}
+
 } // namespace
 
 void DialogosQt::Exclamacion(const QString &texto, const QString &titulo)
@@ -80,12 +96,12 @@ QString DialogosQt::AbrirArchivo(const QString &titulo, const QString &carpeta,
                                  const QString &filtro)
 {
     return QFileDialog::getOpenFileName(QApplication::activeWindow(), Titulo(titulo), carpeta,
-                                        filtro);
+                                        FiltroQt(filtro));
 }
 
 QString DialogosQt::GuardarArchivo(const QString &titulo, const QString &carpeta,
                                    const QString &filtro)
 {
     return QFileDialog::getSaveFileName(QApplication::activeWindow(), Titulo(titulo), carpeta,
-                                        filtro);
+                                        FiltroQt(filtro));
 }
