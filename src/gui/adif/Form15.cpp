@@ -26,7 +26,7 @@ Form15::Form15(Contexto &contexto, QWidget *parent)
     ListView1 = ::Crear<QTreeWidget>(this, "ListView1");
     ListView1->setHeaderLabels({QStringLiteral("Log"), QStringLiteral("QSOs")});
     ListView1->setRootIsDecorated(false);
-    ListView1->setColumnWidth(0, Px(3000));
+    ListView1->setColumnWidth(0, Px(2000));
     ListView1->header()->setSectionsClickable(true);
     ListView1->setAccessibleName(QStringLiteral("Logs"));
     List1 = ::Crear<QListWidget>(this, "List1");
