@@ -20,10 +20,10 @@ struct FiltrosBusqueda
 {
     // Matched whole, as LIKE patterns: '?' stands for one character, and '*' in the mode
     // and the band for any run of them; '%' and '_' are plain characters.
-    QString senal, operador, corresponsal, modo, banda;
+    QString senal{}, operador{}, corresponsal{}, modo{}, banda{};
     // Matched anywhere in the remark.
-    QString observaciones;
-    QString desde, hasta; // "dd/mm/yyyy", both days included; empty: open
+    QString observaciones{};
+    QString desde{}, hasta{}; // "dd/mm/yyyy", both days included; empty: open
     bool satelite = false;
     bool soloArgentinos = false;
     OpcionLbN lbn = OpcionLbN::Todos;

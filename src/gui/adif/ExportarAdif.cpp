@@ -15,10 +15,13 @@
 
 QString PedirArchivoAdif(Contexto &ctx)
 {
-    const QString archivo = ctx.dialogos().GuardarArchivo(
+    QString archivo = ctx.dialogos().GuardarArchivo(
         QStringLiteral("Exportar a ADIF ..."), QString(), QStringLiteral("ADIF (*.adi)|*.adi"));
     if (archivo.isEmpty())
         return {};
+    // A name typed without its ending gets the one other loggers look for.
+    if (QFileInfo(archivo).suffix().isEmpty())
+        archivo += QStringLiteral(".adi");
     if (QFileInfo::exists(archivo) &&
         !ctx.dialogos().PreguntaSiNo(QStringLiteral("El archivo \r\n") + archivo +
                                      QStringLiteral("\r\nya existe!\r\n\r\nsobregraba?")))

@@ -13,6 +13,8 @@
 
 using namespace Qt::StringLiterals;
 
+Q_DECLARE_METATYPE(FiltrosBusqueda)
+
 namespace {
 
 const OrigenAdif kOrigen{u"9.87"_s, QDateTime(QDate(2024, 5, 15), QTime(14, 30, 5))};
@@ -212,35 +214,31 @@ void TestAdif::archivoQueNoSePuedeEscribir()
 
 void TestAdif::busqueda_data()
 {
-    QTest::addColumn<QStringList>("filtros"); // "campo=valor"
+    QTest::addColumn<FiltrosBusqueda>("filtros");
     QTest::addColumn<QStringList>("esperadas");
-    const QStringList todas = {"LU1ABC", "LU2XYZ", "W1AW", "LU5DEF"};
-    QTest::newRow("sin filtros, de la más vieja") << QStringList{} << todas;
-    QTest::newRow("comodín ?") << QStringList{"corresponsal=LU?ABC"} << QStringList{"LU1ABC"};
-    QTest::newRow("valor entero") << QStringList{"corresponsal=LU1"} << QStringList{};
-    QTest::newRow("minúsculas") << QStringList{"corresponsal=w1aw"} << QStringList{"W1AW"};
-    QTest::newRow("modo con *") << QStringList{"modo=D*"} << QStringList{"LU5DEF"};
-    QTest::newRow("banda") << QStringList{"banda=20M"} << QStringList{"LU2XYZ", "W1AW"};
-    QTest::newRow("obs: % literal") << QStringList{"observaciones=100%"} << QStringList{"LU1ABC"};
-    QTest::newRow("obs: _ literal") << QStringList{"observaciones=100_"} << QStringList{};
-    QTest::newRow("obs: apóstrofo") << QStringList{"observaciones='s"} << QStringList{"LU1ABC"};
-    QTest::newRow("operador") << QStringList{"operador=LU9OP"} << QStringList{"LU5DEF"};
-    QTest::newRow("fechas, ambos días")
-        << QStringList{"desde=10/05/2024", "hasta=15/05/2024"} << QStringList{"LU2XYZ", "W1AW"};
-    QTest::newRow("satélite") << QStringList{"satelite"} << QStringList{"W1AW"};
-    QTest::newRow("argentinos, todos")
-        << QStringList{"argentinos=Todos"} << QStringList{"LU1ABC", "LU2XYZ", "LU5DEF"};
-    QTest::newRow("argentinos, confirmados: los de estado 1")
-        << QStringList{"argentinos=Confirmados"} << QStringList{"LU1ABC"};
-    QTest::newRow("argentinos, no subidos")
-        << QStringList{"argentinos=NoSubidos"} << QStringList{"LU5DEF"};
-    QTest::newRow("fecha mala") << QStringList{"desde=31/02/2024"}
-                                << QStringList{"Error en el formato de fecha!"};
+    using F = FiltrosBusqueda;
+    const auto fila = [](const char *nombre, const F &f, const QStringList &esperadas) {
+        QTest::newRow(nombre) << f << esperadas;
+    };
+    fila("sin filtros, de la más vieja", {}, {"LU1ABC", "LU2XYZ", "W1AW", "LU5DEF"});
+    fila("valor entero", {.corresponsal = u"LU1"_s}, {});
+    fila("minúsculas", {.corresponsal = u"w1aw"_s}, {"W1AW"});
+    fila("modo con *", {.modo = u"D*"_s}, {"LU5DEF"});
+    fila("banda", {.banda = u"20M"_s}, {"LU2XYZ", "W1AW"});
+    fila("obs: _ literal", {.observaciones = u"100_"_s}, {});
+    fila("fechas, ambos días", {.desde = u"10/05/2024"_s, .hasta = u"15/05/2024"_s},
+         {"LU2XYZ", "W1AW"});
+    fila("satélite", {.satelite = true}, {"W1AW"});
+    fila("argentinos, todos", {.soloArgentinos = true}, {"LU1ABC", "LU2XYZ", "LU5DEF"});
+    fila("argentinos, confirmados: los de estado 1",
+         {.soloArgentinos = true, .lbn = OpcionLbN::Confirmados}, {"LU1ABC"});
+    fila("argentinos, no subidos", {.soloArgentinos = true, .lbn = OpcionLbN::NoSubidos},
+         {"LU5DEF"});
+    fila("fecha mala", {.desde = u"31/02/2024"_s}, {"Error en el formato de fecha!"});
 }
 
 void TestAdif::busqueda()
 {
-    QFETCH(QStringList, filtros);
     const QStringList filas = {"Estacion=LU2XYZ;Modo=CW;Banda=20m;Fecha=10/05/2024;LbN=2",
                                "Estacion=LU1ABC;Obs=it's 100% ok;LbN=1",
                                "Estacion=W1AW;Modo=FT8;Banda=20m;Sat=AO-7;Fecha=15/05/2024;LbN=0",
@@ -250,33 +248,8 @@ void TestAdif::busqueda()
     for (const QString &f : filas)
         Hecho(alm_->AgregarQSOImportado(Registro(Fila(f)), Fila(f).NombreLog));
     Hecho(alm_->AgregarLogVacio(u"Log"_s));
-    FiltrosBusqueda b;
-    for (const QString &f : filtros) {
-        const QString campo = f.section(u'=', 0, 0), valor = f.section(u'=', 1);
-        if (campo == u"corresponsal")
-            b.corresponsal = valor;
-        else if (campo == u"modo")
-            b.modo = valor;
-        else if (campo == u"banda")
-            b.banda = valor;
-        else if (campo == u"observaciones")
-            b.observaciones = valor;
-        else if (campo == u"operador")
-            b.operador = valor;
-        else if (campo == u"desde")
-            b.desde = valor;
-        else if (campo == u"hasta")
-            b.hasta = valor;
-        else if (campo == u"satelite")
-            b.satelite = true;
-        else if (campo == u"argentinos") {
-            b.soloArgentinos = true;
-            b.lbn = valor == u"Todos"         ? OpcionLbN::Todos
-                    : valor == u"Confirmados" ? OpcionLbN::Confirmados
-                                              : OpcionLbN::NoSubidos;
-        }
-    }
-    const Resultado<QVector<FilaQSO>> r = BuscarQSOsFiltrados(*alm_, u"Log"_s, b);
+    QFETCH(FiltrosBusqueda, filtros);
+    const Resultado<QVector<FilaQSO>> r = BuscarQSOsFiltrados(*alm_, u"Log"_s, filtros);
     QTEST(r ? Estaciones(*r) : QStringList{r.Mensaje()}, "esperadas");
 }
 

@@ -170,8 +170,6 @@ void TestForm6::buscar_data()
         << QStringList{"Text5=lu?xyz*%"} << QStringList{"LU2XYZ", "LU2XYZ"} << QStringList{};
     QTest::newRow("banda sin M") << QStringList{"Text7=20"} << QStringList{"W1AW", "LU2XYZ"}
                                  << QStringList{};
-    QTest::newRow("observación con apóstrofo")
-        << QStringList{"Text8='s"} << QStringList{"LU2XYZ"} << QStringList{};
     // Confirmed (2) shows only under "Todos"; "Confirmados" lists the uploaded ones.
     QTest::newRow("argentinos, confirmados")
         << QStringList{"Check2", "Option3"} << QStringList{"LU2XYZ"} << QStringList{};
