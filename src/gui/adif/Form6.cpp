@@ -165,6 +165,7 @@ void Form6::Conectar()
 {
     for (QLineEdit *c : {Text1, Text2, Text3, Text4, Text5, Text7})
         c->installEventFilter(this);
+    ListView2->installEventFilter(this);
     connect(Timer1, &QTimer::timeout, this, &Form6::Timer1_Timer);
     connect(Command3, &QPushButton::clicked, this, [this] { Command3_Click(); });
     connect(Command4, &QPushButton::clicked, this, [this] { Command4_Click(); });
@@ -191,6 +192,14 @@ void Form6::showEvent(QShowEvent *evento)
 
 bool Form6::eventFilter(QObject *objeto, QEvent *evento)
 {
+    // Enter on a row opens it as a double click does: the list is worked by keyboard too.
+    if (objeto == ListView2 && evento->type() == QEvent::KeyPress) {
+        const int tecla = static_cast<QKeyEvent *>(evento)->key();
+        if (tecla == Qt::Key_Return || tecla == Qt::Key_Enter) {
+            DobleClicFila(ListView2->currentIndex().row());
+            return true;
+        }
+    }
     auto *campo = qobject_cast<QLineEdit *>(objeto);
     if (!campo || campo->window() != this)
         return QDialog::eventFilter(objeto, evento);
