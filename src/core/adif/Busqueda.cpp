@@ -55,8 +55,6 @@ Resultado<QVector<FilaQSO>> BuscarQSOsFiltrados(Almacen &almacen, const QString 
 {
     if (!FechaFiltroValida(filtros.desde) || !FechaFiltroValida(filtros.hasta))
         return Fallo{MensajeFechaFiltro()};
-    // The store compares text without regard to the case of A to Z, as the filters are
-    // meant: upper-casing them changes nothing there.
     Almacen::FiltroExportacion f;
     f.myCall = filtros.senal;
     f.operador = filtros.operador;

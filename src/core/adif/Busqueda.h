@@ -18,8 +18,8 @@ enum class OpcionLbN { NoSubidos, Subidos, Confirmados, Todos };
 
 struct FiltrosBusqueda
 {
-    // Matched whole, as LIKE patterns: '?' stands for one character, and '*' in the mode
-    // and the band for any run of them; '%' and '_' are plain characters.
+    // Matched whole, as LIKE patterns without regard to the case of A to Z: '?' stands for
+    // one character and '*' for any run of them; '%' and '_' are plain characters.
     QString senal{}, operador{}, corresponsal{}, modo{}, banda{};
     // Matched anywhere in the remark.
     QString observaciones{};

@@ -67,15 +67,17 @@ void Form6::Buscando(bool si)
 
 FiltrosBusqueda Form6::Filtros() const
 {
+    // Taken as typed: the store compares A to Z without regard to case, and upper-casing
+    // an accented letter would only keep "muñoz" from finding "Muñoz".
     FiltrosBusqueda f;
-    f.senal = Text3->text().toUpper();
-    f.operador = Text4->text().toUpper();
+    f.senal = Text3->text();
+    f.operador = Text4->text();
     f.desde = Text1->text();
     f.hasta = Text2->text();
-    f.corresponsal = Text5->text().toUpper();
-    f.modo = Text6->text().toUpper();
-    f.banda = Text7->text().toUpper();
-    f.observaciones = Text8->text().toUpper();
+    f.corresponsal = Text5->text();
+    f.modo = Text6->text();
+    f.banda = Text7->text();
+    f.observaciones = Text8->text();
     f.satelite = Check1->isChecked();
     f.soloArgentinos = Check2->isChecked();
     f.lbn = Option1->isChecked()   ? OpcionLbN::NoSubidos
