@@ -1,12 +1,16 @@
 // The search window as the operator uses it: the export of the list as sorted on screen
 // with its questions in order, the filters typed through the keys, the edit of a row, and
 // the eQSL button that sends nothing.
+#include "gui/adif/ExportarAdif.h"
 #include "gui/adif/Form6.h"
 #include "gui/adif/ModeloBusqueda.h"
+#include "gui/main/Form1.h"
 #include "support/ContextoPrueba.h"
 #include "support/Hecho.h"
+#include "support/Modales.h"
 #include "support/ServidorHttpPrueba.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QFile>
@@ -18,6 +22,8 @@
 #include <QRegularExpression>
 #include <QTableView>
 #include <QTest>
+#include <QTimer>
+#include <QTreeWidget>
 
 using Tipo = LlamadaDialogo::Tipo;
 using namespace Qt::StringLiterals;
@@ -83,6 +89,7 @@ private Q_SLOTS:
     void buscar();
     void editarUnaFila();
     void eqslNoEnviaNada();
+    void desdeElMenu();
 };
 
 void TestForm6::exportar_data()
@@ -245,6 +252,31 @@ void TestForm6::eqslNoEnviaNada()
     b.f->Command8->click();
     QCOMPARE(b.d().Textos(Tipo::Informacion), QStringList{u"Momentanemente fuera de servicio"_s});
     QVERIFY(!servidor.EsperarPedidos(1, 300));
+}
+
+void TestForm6::desdeElMenu()
+{
+    Busqueda b;
+    b.f.reset();
+    b.p.Escribir(u"config.ini"_s, "Estacion=LU1AAA\r\nLogenUso=Vacio\r\n");
+    Hecho(b.p->almacen().AgregarLogVacio(u"Vacio"_s));
+    Form1 principal(b.p.ctx());
+    principal.Timer1->stop(), principal.Timer2->stop(), principal.Timer7->stop();
+    principal.Timer2_Timer();
+    ConectarAdif(principal, b.p.ctx(), nullptr);
+    principal.eadif->trigger(); // a log of no QSOs opens nothing
+    QCOMPARE(b.d().Textos(), QStringList{u"No hay QSOs para exportar!"_s});
+
+    principal.AbrirLog(kLog);
+    int filas = -1;
+    CuandoAparezcaModal([&](QWidget *w) {
+        filas = qobject_cast<Form6 *>(w)->Lista().rowCount();
+        QVERIFY(principal.ListView2->isHidden());
+        w->close();
+    });
+    principal.eadif->trigger();
+    QCOMPARE(filas, kFilas.size());
+    QVERIFY(!principal.ListView2->isHidden() && !b.p->CargandoBusqueda);
 }
 
 QTEST_MAIN(TestForm6)
