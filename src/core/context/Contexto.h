@@ -81,15 +81,17 @@ public:
     bool RelojActivo = false;        // set by the first tick of the clock
     bool CierreListo = false;        // the closing run has sent its last message
     int TicksCierre = 0;
-    int CampoConFoco = 0;          // entry field with the focus, 1..8
-    bool CargandoEdicion = false;  // Form5 is being filled
-    QString OrigenEdicion;         // window that opened Form5
-    bool EsperaLista = false;      // the short wait of the national lookup is over
-    bool CargandoBusqueda = false; // the search window is being filled
+    int CampoConFoco = 0;         // entry field with the focus, 1..8
+    bool CargandoEdicion = false; // Form5 is being filled
+    QString OrigenEdicion;        // window that opened Form5
+    bool EsperaLista = false;     // the short wait of the national lookup is over
+    bool PulsoTimer10 = false;    // the fast tick that upload runs wait on
+
+    // The search window is being filled.
+    bool CargandoBusqueda = false;
     // The last answer to "Desea usar el campo COMMENT como QSLMSG?": the search export and
     // the national service's upload both ask it and both read it.
     bool UsarComentarioComoQslmsg = false;
-    bool PulsoTimer10 = false; // the fast tick that upload runs wait on
 
     // Ends the program at once (the first start cancelled, the closing run done).
     // main.cpp leaves the event loop; a test replaces it to see that it was asked.

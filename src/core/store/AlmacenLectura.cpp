@@ -42,11 +42,10 @@ QString almacen::Siguiente(const QString &texto)
 
 // ---- Reading rows ----------------------------------------------------------------------------
 
-QVector<FilaQSO> Almacen::Privado::LeerFilas(QSqlQuery &q, bool conDupe, QVector<Clave> *claves,
-                                             qsizetype maximo)
+QVector<FilaQSO> Almacen::Privado::LeerFilas(QSqlQuery &q, bool conDupe, QVector<Clave> *claves)
 {
     QVector<FilaQSO> filas;
-    while ((maximo < 0 || filas.size() < maximo) && q.next()) {
+    while (q.next()) {
         FilaQSO f;
         f.id = q.value(0).toLongLong();
         f.Modo = q.value(1).toString();
@@ -73,8 +72,7 @@ QVector<FilaQSO> Almacen::Privado::LeerFilas(QSqlQuery &q, bool conDupe, QVector
             claves->append({fecha, f.Hora, f.id});
         filas.append(std::move(f));
     }
-    if (maximo < 0 || filas.size() < maximo)
-        q.finish();
+    q.finish();
     return filas;
 }
 

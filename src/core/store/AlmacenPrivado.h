@@ -154,10 +154,9 @@ struct Almacen::Privado
     QStringList Columnas(const QString &tabla);
     bool AgregarFaltantes(const QString &tabla, const QVector<QPair<QString, QString>> &columnas);
 
-    // Rows of a SELECT of kColumnasTabla1 (plus Dupe when conDupe). With a maximo, at most
-    // that many, and the statement is left open when it may hold more.
+    // Rows of a SELECT of kColumnasTabla1 (plus Dupe when conDupe).
     QVector<FilaQSO> LeerFilas(QSqlQuery &q, bool conDupe = false,
-                               QVector<almacen::Clave> *claves = nullptr, qsizetype maximo = -1);
+                               QVector<almacen::Clave> *claves = nullptr);
     QVector<FilaConcurso> LeerConcurso(QSqlQuery &q);
     QVector<FilaQSO> Filas(const QString &sql, const QVariantList &valores);
     QVector<FilaConcurso> FilasConcurso(const QString &sql, const QVariantList &valores);
