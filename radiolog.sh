@@ -6,7 +6,7 @@ set -euo pipefail
 cd "$(dirname "$0")"
 
 PAQUETES=(cmake ninja-build g++ pkg-config
-          qt6-base-dev qt6-qpa-plugins libqt6sql6-sqlite qt6-serialport-dev
+          qt6-base-dev qt6-qpa-plugins libqt6sql6-sqlite libsqlite3-dev qt6-serialport-dev
           qt6-multimedia-dev gstreamer1.0-plugins-base gstreamer1.0-plugins-good
           qt6-translations-l10n libbenchmark-dev fonts-dejavu-core)
 # The tests also check the installed tree and the Debian package with the desktop's

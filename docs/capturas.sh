@@ -67,7 +67,9 @@ hasta_satelite=(tecla:Tab tecla:Tab tecla:Tab tecla:Tab tecla:Tab tecla:Tab tecl
                 tecla:Tab tecla:Tab tecla:Tab tecla:space espera:1)
 # captura satelites '^Carancho Radiolog V' "${hasta_satelite[@]}"
 # captura editar-satelites '^Editar Satélites' "${hasta_satelite[@]}" tecla:Tab tecla:Tab tecla:space
-captura importar '^Importar ADIF' tecla:ctrl+i
+captura exportar '^Exportar' tecla:ctrl+b
+captura respaldo '^Back Up' tecla:ctrl+f
+# captura importar '^Importar ADIF' tecla:ctrl+i
 # captura concursos '^Logs Cabrillos' tecla:ctrl+o
 # captura concurso '^Cabrillo \.\.\.$' tecla:ctrl+o texto:'FIESTA DE LA RADIO' tecla:Return
 # captura acerca '^Acerca de' tecla:ctrl+r

@@ -6,8 +6,9 @@
 #include "core/platform/ClienteWebQt.h"
 #include "core/platform/LineaSerieQt.h"
 #include "core/platform/RelojSistema.h"
-#include "gui/contest/Concursos.h"
+#include "gui/adif/ExportarAdif.h"
 #include "gui/adif/Form12.h"
+#include "gui/contest/Concursos.h"
 #include "gui/editing/Form5.h"
 #include "gui/main/Actualizaciones.h"
 #include "gui/main/Form1.h"
@@ -74,11 +75,16 @@ int main(int argc, char *argv[])
     }
 
     Form1 ventana(contexto);
-    ConectarEdicion(ventana, contexto);
+    Form5 *edicion = ConectarEdicion(ventana, contexto);
+    ConectarAdif(ventana, contexto, edicion);
+    ConectarImportacion(ventana, contexto);
     ConectarSatelites(ventana, contexto);
     ConectarActualizaciones(ventana, contexto);
-    ConectarConcursos(ventana, contexto);
-    ConectarImportacion(ventana, contexto);
+    // The contest window's "ADIF" is the ADIF writer's contest export.
+    ConectarConcursos(ventana, contexto,
+                      [&contexto](const QString &concurso, const QString &senal) {
+                          ExportarConcursoAdif(contexto, concurso, senal);
+                      });
     ventana.show();
     return app.exec();
 }

@@ -4,6 +4,8 @@
 // window added without its section, or a PDF that lost text, fails here.
 
 #include "gui/adif/Form12.h"
+#include "gui/adif/Form15.h"
+#include "gui/adif/Form6.h"
 #include "gui/config/Form2.h"
 #include "gui/contest/Form4.h"
 #include "gui/contest/Form7.h"
@@ -79,6 +81,12 @@ void TestManual::ventanas_data()
     fila(
         "Form11", [](Contexto &c) { return new Form11(c, [] {}); }, u"Editar Satélites ..."_s,
         u"Editar Satélites ..."_s);
+    fila(
+        "Form6", [](Contexto &c) { return new Form6(c); }, u"Exportar ..."_s,
+        u"Exportar ... (buscar y exportar)"_s);
+    fila(
+        "Form15", [](Contexto &c) { return new Form15(c); }, u"Back Up ..."_s,
+        u"Back Up ... (copia en ADIF)"_s);
     fila(
         "Form12", [](Contexto &c) { return new Form12(c, [] {}); }, u"Importar ADIF ..."_s,
         u"Importar ADIF ..."_s);

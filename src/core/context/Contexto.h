@@ -97,6 +97,11 @@ public:
     QString ConcursoNombre;
     QString ConcursoTipo;
     bool CargandoConcurso = false;
+    // The search window is being filled.
+    bool CargandoBusqueda = false;
+    // The last answer to "Desea usar el campo COMMENT como QSLMSG?": the search export and
+    // the national service's upload both ask it and both read it.
+    bool UsarComentarioComoQslmsg = false;
 
     // Ends the program at once (the first start cancelled, the closing run done).
     // main.cpp leaves the event loop; a test replaces it to see that it was asked.

@@ -6,10 +6,12 @@
 #include "core/platform/Resultado.h"
 #include "core/store/RegistroQSO.h"
 
+#include <QDate>
 #include <QSqlDatabase>
 #include <QString>
 #include <QStringList>
 #include <QVector>
+#include <functional>
 #include <optional>
 
 class Almacen
@@ -121,15 +123,26 @@ public:
     // The filtered list of the search window: QSOs of the log, newest first, optionally
     // only those of one own callsign and/or one operator (empty filter = any).
     QVector<FilaQSO> BuscarQSOs(const QString &log, const QString &myCall, const QString &operador);
-    // The export search: LIKE patterns with * and ? wildcards (empty = any),
-    // Obs matched anywhere ("*texto*"), optionally only satellite QSOs; oldest first.
+    // The export search: QSOs of the log (no placeholder) whose columns match LIKE
+    // patterns with * and ? wildcards (empty = any), Obs matched anywhere ("*texto*"),
+    // within the days from desde to hasta (a null date leaves that end open), optionally
+    // only satellite QSOs; oldest first.
     struct FiltroExportacion
     {
         QString myCall, operador, estacion, modo, banda, obs;
+        QDate desde, hasta;
         bool soloSatelite = false;
     };
     QVector<FilaQSO> ExportarQSOs(const QString &log, const FiltroExportacion &filtro);
     QVector<FilaQSO> TodosLosQSOs();
+    // Every row of Tabla1 in the table's own order, handed over one at a time so that a
+    // whole database never sits in memory (the ADIF backup). The walk stops early when
+    // `cada` answers false.
+    Resultado<> RecorrerQSOs(const std::function<bool(const FilaQSO &)> &cada);
+    // A copy of the whole file as one consistent moment, written by the engine itself
+    // (VACUUM INTO) while others may be writing: never a copy of the open file's bytes.
+    // The destination must not exist.
+    Resultado<> CopiarBase(const QString &destino);
     QVector<FilaQSO> FilasEspera();
 
     // Contest logs.

@@ -25,10 +25,9 @@ const char *const kDelLog = "WHERE \"Nombre Log\"=? AND Modo<>'' ";
 const char *const kNuevos = "ORDER BY Fecha DESC, Hora DESC, id DESC ";
 const char *const kViejos = "ORDER BY Fecha ASC, Hora ASC, id ASC ";
 
-// The successor of a text in the order of a NOCASE column: every text that starts with
-// the given one (any case of its ASCII letters) sorts at or after it and before this.
-// Empty when there is none (the text ends with the last code point).
-QString Siguiente(const QString &texto)
+} // namespace
+
+QString almacen::Siguiente(const QString &texto)
 {
     QList<uint> puntos = texto.toUcs4();
     for (uint &p : puntos)
@@ -40,8 +39,6 @@ QString Siguiente(const QString &texto)
     ultimo = ultimo == 0xD7FF ? 0xE000 : ultimo + 1; // no text holds a surrogate
     return QString::fromUcs4(reinterpret_cast<const char32_t *>(puntos.constData()), puntos.size());
 }
-
-} // namespace
 
 // ---- Reading rows ----------------------------------------------------------------------------
 
@@ -360,31 +357,6 @@ QVector<FilaQSO> Almacen::BuscarQSOs(const QString &log, const QString &myCall,
         valores << operador;
     }
     return d->Filas(sql + QLatin1String(kNuevos), valores);
-}
-
-QVector<FilaQSO> Almacen::ExportarQSOs(const QString &log, const FiltroExportacion &filtro)
-{
-    d->FinDeCargaMasiva();
-    QString sql = DeTabla1("WHERE \"Nombre Log\"=? ");
-    QVariantList valores = {Texto(log)};
-    const std::pair<const char *, const QString *> patrones[] = {{"MyCall", &filtro.myCall},
-                                                                 {"Operador", &filtro.operador},
-                                                                 {"Estacion", &filtro.estacion},
-                                                                 {"Modo", &filtro.modo},
-                                                                 {"Banda", &filtro.banda}};
-    for (const auto &[columna, texto] : patrones) {
-        if (texto->isEmpty())
-            continue;
-        sql += QStringLiteral("AND %1 LIKE ? ESCAPE '\\' ").arg(QLatin1String(columna));
-        valores << PatronLike(*texto);
-    }
-    if (!filtro.obs.isEmpty()) {
-        sql += QStringLiteral("AND Obs LIKE ? ESCAPE '\\' ");
-        valores << QLatin1Char('%') + PatronLike(filtro.obs) + QLatin1Char('%');
-    }
-    if (filtro.soloSatelite)
-        sql += QStringLiteral("AND Nombre_Sat<>'' ");
-    return d->Filas(sql + QLatin1String(kViejos), valores);
 }
 
 QVector<FilaQSO> Almacen::TodosLosQSOs()

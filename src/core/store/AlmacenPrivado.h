@@ -34,6 +34,11 @@ QString SinBlancos(const QString &texto);
 // A * or ? wildcard becomes % or _; a literal %, _ or \ is escaped with \.
 QString PatronLike(const QString &texto);
 
+// The successor of a text in the order of a NOCASE column: every text that starts with
+// the given one (any case of its ASCII letters) sorts at or after it and before this.
+// Empty when there is none (the text ends with the last code point).
+QString Siguiente(const QString &texto);
+
 // An empty text bound as '' and never as NULL: "LbN=''" and "Modo<>''" must see it.
 inline QVariant Texto(const QString &s)
 {

@@ -34,7 +34,8 @@ QMessageBox::StandardButton Caja(QMessageBox::Icon icono, const QString &texto,
 }
 
 // A filter as the program's dialogs have always written it, pairs of description and
-// patterns behind "|" ("ADIF| *.adi; *.adi"), in Qt's form: "ADIF (*.adi)".
+// patterns behind "|" ("ADIF| *.adi; *.adi", "ADIF (*.adi)|*.adi"), in Qt's form:
+// "ADIF (*.adi)", pairs joined by ";;".
 QString FiltroQt(const QString &filtro)
 {
     if (!filtro.contains(QLatin1Char('|')))
@@ -42,6 +43,11 @@ QString FiltroQt(const QString &filtro)
     const QStringList partes = filtro.split(QLatin1Char('|'));
     QStringList filtros;
     for (qsizetype i = 0; i + 1 < partes.size(); i += 2) {
+        // "ADIF (*.adi)|*.adi" already says its patterns in the description.
+        if (partes.at(i).contains(QLatin1Char('('))) {
+            filtros << partes.at(i).trimmed();
+            continue;
+        }
         QStringList patrones = QString(partes.at(i + 1))
                                    .replace(QLatin1Char(';'), QLatin1Char(' '))
                                    .split(QLatin1Char(' '), Qt::SkipEmptyParts);

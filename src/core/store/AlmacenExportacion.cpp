@@ -1,0 +1,153 @@
+// The reads and copies of the ADIF exchange: the search of the export window, the walk of
+// the whole table for the ADIF backup and the consistent copy of the file.
+
+#include "core/store/Almacen.h"
+#include "core/store/AlmacenPrivado.h"
+
+#include <QFileInfo>
+#include <QSqlDriver>
+#include <iterator>
+#include <sqlite3.h>
+
+using namespace almacen;
+
+namespace {
+
+QString DeTabla1(const char *resto)
+{
+    return QStringLiteral("SELECT %1 FROM Tabla1 %2")
+        .arg(QLatin1String(kColumnasTabla1), QLatin1String(resto));
+}
+
+// The part of a pattern before its first wildcard.
+QString PrefijoFijo(const QString &patron)
+{
+    qsizetype n = 0;
+    while (n < patron.size() && patron.at(n) != QLatin1Char('*') &&
+           patron.at(n) != QLatin1Char('?'))
+        ++n;
+    return patron.left(n);
+}
+
+// A text column of the row the statement stands on, into a text that keeps its room: plain
+// ASCII is widened in place, anything else decoded from UTF-8. NULL reads as empty.
+void LeerTexto(QString &destino, sqlite3_stmt *consulta, int columna)
+{
+    const auto *texto = sqlite3_column_text(consulta, columna);
+    const int largo = sqlite3_column_bytes(consulta, columna);
+    for (int i = 0; i < largo; ++i) {
+        if (texto[i] >= 0x80) {
+            destino = QString::fromUtf8(reinterpret_cast<const char *>(texto), largo);
+            return;
+        }
+    }
+    destino.resize(largo);
+    QChar *p = destino.data();
+    for (int i = 0; i < largo; ++i)
+        p[i] = QLatin1Char(char(texto[i]));
+}
+
+} // namespace
+
+QVector<FilaQSO> Almacen::ExportarQSOs(const QString &log, const FiltroExportacion &filtro)
+{
+    d->FinDeCargaMasiva();
+    QString sql = DeTabla1("WHERE \"Nombre Log\"=? AND Modo<>'' ");
+    QVariantList valores = {Texto(log)};
+    // The correspondent has an index behind the log's name: the part of its pattern before
+    // the first wildcard bounds a range of it, and the LIKE then applies the whole pattern
+    // within that range, so a search for one callsign never walks the log.
+    if (const QString fijo = PrefijoFijo(filtro.estacion); !fijo.isEmpty()) {
+        sql += QStringLiteral("AND Estacion >= ? ");
+        valores << fijo;
+        if (const QString tope = Siguiente(fijo); !tope.isEmpty()) {
+            sql += QStringLiteral("AND Estacion < ? ");
+            valores << tope;
+        }
+    }
+    const std::pair<const char *, const QString *> patrones[] = {{"MyCall", &filtro.myCall},
+                                                                 {"Operador", &filtro.operador},
+                                                                 {"Estacion", &filtro.estacion},
+                                                                 {"Modo", &filtro.modo},
+                                                                 {"Banda", &filtro.banda}};
+    for (const auto &[columna, texto] : patrones) {
+        if (texto->isEmpty())
+            continue;
+        sql += QStringLiteral("AND %1 LIKE ? ESCAPE '\\' ").arg(QLatin1String(columna));
+        valores << PatronLike(*texto);
+    }
+    if (!filtro.obs.isEmpty()) {
+        sql += QStringLiteral("AND Obs LIKE ? ESCAPE '\\' ");
+        valores << QLatin1Char('%') + PatronLike(filtro.obs) + QLatin1Char('%');
+    }
+    // Dates are kept as ISO text: a range of days is a range of text. A stored value that
+    // is no date starts with '!', below every digit, and so falls outside any range.
+    if (filtro.desde.isValid() || filtro.hasta.isValid()) {
+        sql += QStringLiteral("AND Fecha >= ? AND Fecha <= ? ");
+        valores << (filtro.desde.isValid() ? filtro.desde.toString(Qt::ISODate)
+                                           : QStringLiteral("0"))
+                << (filtro.hasta.isValid() ? filtro.hasta.toString(Qt::ISODate)
+                                           : QStringLiteral("9999-12-31"));
+    }
+    if (filtro.soloSatelite)
+        sql += QStringLiteral("AND Nombre_Sat<>'' ");
+    return d->Filas(sql + QStringLiteral("ORDER BY Fecha ASC, Hora ASC, id ASC"), valores);
+}
+
+Resultado<> Almacen::RecorrerQSOs(const std::function<bool(const FilaQSO &)> &cada)
+{
+    d->FinDeCargaMasiva();
+    const auto fallo = [this](const QString &causa) {
+        d->error = causa;
+        return d->FalloCon(QStringLiteral("No se pudieron leer los QSOs."));
+    };
+    // Read through the engine's own interface on Qt's connection: every value of Qt's
+    // reader passes through a variant and a UTF-16 copy made by the engine, which would
+    // take longer than writing the whole backup.
+    sqlite3 *base = nullptr;
+    if (d->Abierta()) {
+        const QVariant h = d->db.driver()->handle();
+        if (h.isValid() && qstrcmp(h.typeName(), "sqlite3*") == 0)
+            base = *static_cast<sqlite3 *const *>(h.constData());
+    }
+    if (!base)
+        return fallo(QStringLiteral("La base de datos no está abierta."));
+    const QByteArray sql = QByteArrayLiteral("SELECT ") + kColumnasTabla1 +
+                           QByteArrayLiteral(" FROM Tabla1 ORDER BY id");
+    sqlite3_stmt *consulta = nullptr;
+    if (sqlite3_prepare_v2(base, sql.constData(), int(sql.size()), &consulta, nullptr) !=
+        SQLITE_OK) {
+        sqlite3_finalize(consulta);
+        return fallo(QString::fromUtf8(sqlite3_errmsg(base)));
+    }
+    // One row object for the whole walk: its texts keep their room from row to row.
+    FilaQSO f;
+    QString *const columnas[] = {nullptr,     &f.Modo,       &f.Banda,      &f.MyCall, &f.Estacion,
+                                 &f.Fecha,    &f.Hora,       &f.RSE,        &f.RSR,    &f.Obs,
+                                 &f.Operador, &f.NombreLog,  &f.Frecuencia, &f.MiGrid, &f.SuGrid,
+                                 &f.LbN,      &f.Nombre_Sat, &f.Argento};
+    int paso;
+    while ((paso = sqlite3_step(consulta)) == SQLITE_ROW) {
+        f.id = sqlite3_column_int64(consulta, 0);
+        for (int i = 1; i < int(std::size(columnas)); ++i)
+            LeerTexto(*columnas[i], consulta, i);
+        f.Fecha = FechaLeida(f.Fecha);
+        if (!cada(f)) {
+            paso = SQLITE_DONE;
+            break;
+        }
+    }
+    sqlite3_finalize(consulta);
+    if (paso != SQLITE_DONE)
+        return fallo(QString::fromUtf8(sqlite3_errstr(paso)));
+    return {};
+}
+
+Resultado<> Almacen::CopiarBase(const QString &destino)
+{
+    d->FinDeCargaMasiva();
+    const QString ruta = QFileInfo(destino).absoluteFilePath();
+    if (!d->Escribir(QStringLiteral("VACUUM INTO ?"), {ruta}))
+        return d->FalloCon(QStringLiteral("No se pudo copiar la base de datos a %1.").arg(ruta));
+    return {};
+}

@@ -1,0 +1,288 @@
+// The ADIF files byte for byte in their three kinds, the search of the export window on a
+// small log, and the backups of the database.
+#include "core/adif/Busqueda.h"
+#include "core/adif/ExportacionAdif.h"
+#include "core/adif/Respaldo.h"
+#include "core/store/Almacen.h"
+#include "support/Hecho.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+Q_DECLARE_METATYPE(FiltrosBusqueda)
+
+namespace {
+
+const OrigenAdif kOrigen{u"9.87"_s, QDateTime(QDate(2024, 5, 15), QTime(14, 30, 5))};
+const QByteArray kCabecera = "<PROGRAMID:17>Carancho Radiolog\r\n<PROGRAMVERSION:4>9.87\r\n"
+                             "<ADIF_VER:4>3.04\r\n<CREATED_TIMESTAMP:15>20240515 143005\r\n"
+                             "<EOH>\r\n";
+// The fields of the row every case starts from, up to the reports.
+const QByteArray kComun = "<STATION_CALLSIGN:6>LU1AAA<CALL:5>LU5XX";
+const QByteArray kDespues =
+    "<BAND:3>40m<FREQ:5>7.150<QSO_DATE:8>20240501<TIME_ON:4>1020<RST_SENT:2>59<RST_RCVD:2>57";
+
+// A row from "Campo=valor" changes to a plain SSB QSO of LU1AAA with LU5XX.
+FilaQSO Fila(const QString &cambios)
+{
+    FilaQSO f;
+    f.MyCall = u"LU1AAA"_s, f.Estacion = u"LU5XX"_s, f.Modo = u"SSB"_s, f.Banda = u"40m"_s;
+    f.Frecuencia = u"7.150"_s, f.Fecha = u"01/05/2024"_s, f.Hora = u"10:20:00"_s;
+    f.RSE = u"59"_s, f.RSR = u"57"_s, f.NombreLog = u"Log"_s;
+    const std::pair<const char *, QString FilaQSO::*> campos[] = {
+        {"MyCall", &FilaQSO::MyCall},     {"Estacion", &FilaQSO::Estacion},
+        {"Modo", &FilaQSO::Modo},         {"Banda", &FilaQSO::Banda},
+        {"Fecha", &FilaQSO::Fecha},       {"Obs", &FilaQSO::Obs},
+        {"Operador", &FilaQSO::Operador}, {"MiGrid", &FilaQSO::MiGrid},
+        {"SuGrid", &FilaQSO::SuGrid},     {"Sat", &FilaQSO::Nombre_Sat},
+        {"LbN", &FilaQSO::LbN},           {"Log", &FilaQSO::NombreLog}};
+    for (const QString &cambio : cambios.split(u';', Qt::SkipEmptyParts)) {
+        const QString campo = cambio.section(u'=', 0, 0), valor = cambio.section(u'=', 1);
+        for (const auto &[nombre, miembro] : campos)
+            if (campo == QLatin1String(nombre))
+                f.*miembro = valor;
+    }
+    return f;
+}
+
+RegistroQSO Registro(const FilaQSO &f)
+{
+    RegistroQSO q;
+    q.Estacion = f.Estacion, q.Banda = f.Banda, q.Modo = f.Modo, q.RSE = f.RSE, q.RSR = f.RSR;
+    q.Fecha = f.Fecha, q.Hora = f.Hora, q.MyCall = f.MyCall, q.Operador = f.Operador;
+    q.Obs = f.Obs, q.Frecuencia = f.Frecuencia, q.MiGrid = f.MiGrid, q.SuGrid = f.SuGrid;
+    q.Nombre_Sat = f.Nombre_Sat, q.LbN = f.LbN;
+    return q;
+}
+
+FilaConcurso Concurso(const FilaQSO &f)
+{
+    FilaConcurso c;
+    c.MyCall = f.MyCall, c.Estacion = f.Estacion, c.Modo = f.Modo, c.Banda = f.Banda;
+    c.Fecha = u"20240501"_s, c.Hora = u"1020"_s, c.RSE = u"57"_s, c.RSR = u"57"_s;
+    c.Frecuencia = u"7100"_s, c.NombreLog = u"Concurso"_s;
+    return c;
+}
+
+QByteArray Leer(const QString &archivo)
+{
+    QFile f(archivo);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+QStringList Estaciones(const QVector<FilaQSO> &filas)
+{
+    QStringList e;
+    for (const FilaQSO &f : filas)
+        e << f.Estacion;
+    return e;
+}
+
+qint64 FilasEn(const QString &archivo)
+{
+    Almacen a;
+    Hecho(a.Abrir(archivo));
+    return a.TodosLosQSOs().size();
+}
+
+} // namespace
+
+class TestAdif : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void perfiles_data();
+    void perfiles();
+    void archivoQueNoSePuedeEscribir();
+    void busqueda_data();
+    void busqueda();
+    void respaldoDeLaBase();
+
+private:
+    QTemporaryDir dir_;
+    std::unique_ptr<Almacen> alm_;
+};
+
+void TestAdif::init()
+{
+    alm_ = std::make_unique<Almacen>();
+    QFile::remove(dir_.filePath(u"base0.db"_s));
+    Hecho(alm_->Abrir(dir_.filePath(u"base0.db"_s)));
+}
+
+void TestAdif::perfiles_data()
+{
+    QTest::addColumn<QString>("perfil");
+    QTest::addColumn<QStringList>("filas");
+    QTest::addColumn<bool>("qslmsg");
+    QTest::addColumn<QByteArray>("registros"); // header and <EOF> aside
+    QTest::addColumn<bool>("completo");
+    const QByteArray b = kComun + "<MODE:3>SSB" + kDespues; // SSB, as every case starts
+    QTest::newRow("búsqueda: DVoice, satélite, operador con blanco final")
+        << "busqueda" << QStringList{"Modo=DVoice;Sat=AO-7;Operador=LU2BB ;MiGrid=   "} << false
+        << kComun + "<MODE:12>DIGITALVOICE" + kDespues +
+               "<PROP_MODE:3>SAT<SAT_NAME:4>AO-7<OPERATOR:6>LU2BB <EOR>\r\n"
+        << true;
+    QTest::newRow("búsqueda: comentario como QSLMSG, grillas detrás")
+        << "busqueda" << QStringList{"Obs=hello;MiGrid=GF05;SuGrid= FF78", "Operador=  "} << true
+        << b + "<COMMENT:5>hello<QSLMSG:5>hello<MY_GRIDSQUARE:4>GF05<GRIDSQUARE:5> FF78<EOR>\r\n" +
+               b + "<EOR>\r\n"
+        << true;
+    QTest::newRow("búsqueda: observación en blanco da QSLMSG sola")
+        << "busqueda" << QStringList{"Obs=  "} << true << b + "<QSLMSG:2>  <EOR>\r\n"
+        << true;
+    QTest::newRow("búsqueda: acento y emoji cuentan bytes")
+        << "busqueda" << QStringList{"Estacion=LU5ÑA;Obs=Muñoz 📻"} << false
+        << "<STATION_CALLSIGN:6>LU1AAA<CALL:6>LU5ÑA<MODE:3>SSB" + kDespues +
+               "<COMMENT:11>Muñoz 📻<EOR>\r\n"
+        << true;
+    // Placeholders never go out; the log's name always does.
+    QTest::newRow("respaldo: estados de LbN y nombre del log")
+        << "respaldo"
+        << QStringList{"LbN=0;Modo=DVoice;Log=Log d'Oro", "LbN=2", "LbN=1", "LbN=", "MyCall="}
+        << false
+        << kComun + "<MODE:6>DVoice" + kDespues + "<QSL_RCVD:1>N<LOG_NAME:9>Log d'Oro<EOR>\r\n" +
+               b + "<QSL_RCVD:1>Y<LOG_NAME:3>Log<EOR>\r\n" + b + "<LOG_NAME:3>Log<EOR>\r\n" + b +
+               "<LOG_NAME:3>Log<EOR>\r\n"
+        << true;
+    QTest::newRow("respaldo: satélite, comentario y grillas")
+        << "respaldo" << QStringList{"Sat=AO-7;Obs=hola ;Operador=LU2BB;SuGrid=FF78"} << false
+        << b + "<PROP_MODE:3>SAT<SAT_NAME:4>AO-7<OPERATOR:5>LU2BB<COMMENT:5>hola "
+               "<GRIDSQUARE:4>FF78<LOG_NAME:3>Log<EOR>\r\n"
+        << true;
+    // The first band is not of a contest: no frequency yet. 17 m keeps the one before.
+    const QByteArray c = "<STATION_CALLSIGN:6>LU1AAA<CALL:5>LU5XX<QSO_DATE:8>20240501"
+                         "<TIME_ON:4>1020";
+    QTest::newRow("concurso: reportes del modo, frecuencia de la banda")
+        << "concurso"
+        << QStringList{"Banda=30m;Modo=CW", "Banda=2m;Modo=FM", "Banda=17m;Modo=SSB", "Modo="}
+        << false
+        << c + "<MODE:2>CW<FREQ:0><RST_SENT:3>599<RST_RCVD:3>599<EOR>\r\n" + c +
+               "<MODE:2>FM<FREQ:7>144.000<RST_SENT:3>599<RST_RCVD:3>599<EOR>\r\n" + c +
+               "<MODE:3>SSB<FREQ:7>144.000<RST_SENT:2>59<RST_RCVD:2>59<EOR>\r\n"
+        << true;
+    QTest::newRow("concurso: otra señal detiene, lo anterior queda")
+        << "concurso" << QStringList{"Modo=SSB", "MyCall=LU9ZZZ", "Modo=CW"} << false
+        << c + "<MODE:3>SSB<FREQ:5>7.000<RST_SENT:2>59<RST_RCVD:2>59<EOR>\r\n"
+        << false;
+}
+
+void TestAdif::perfiles()
+{
+    QFETCH(QString, perfil);
+    QFETCH(QStringList, filas);
+    QFETCH(bool, qslmsg);
+    QFETCH(QByteArray, registros);
+    const QString archivo = dir_.filePath(u"salida.adi"_s);
+    QVector<FilaQSO> lista;
+    for (const QString &f : filas)
+        lista << Fila(f);
+    QByteArray fin = "<EOF>\r\n";
+    if (perfil == u"busqueda") {
+        Hecho(ExportBusqueda(archivo, lista, qslmsg, kOrigen));
+    } else if (perfil == u"respaldo") {
+        for (const FilaQSO &f : lista)
+            Hecho(alm_->AgregarQSOImportado(Registro(f), f.NombreLog));
+        Hecho(alm_->AgregarLogVacio(u"Vacío"_s));
+        QCOMPARE(Hecho(ExportRespaldo(*alm_, archivo, kOrigen)), registros.count("<EOR>"));
+    } else {
+        QVector<FilaConcurso> concurso;
+        for (const FilaQSO &f : lista)
+            concurso << Concurso(f);
+        QTEST(Hecho(ExportConcurso(archivo, concurso, u"LU1AAA"_s, kOrigen)), "completo");
+        fin.clear();
+    }
+    QCOMPARE(Leer(archivo), kCabecera + registros + fin);
+}
+
+void TestAdif::archivoQueNoSePuedeEscribir()
+{
+    // A folder by the file's name: nothing can take its place, and the folder stays.
+    const QString archivo = dir_.filePath(u"ocupado.adi"_s);
+    QVERIFY(QDir().mkpath(archivo));
+    const Resultado<> r = ExportBusqueda(archivo, {Fila({})}, false, kOrigen);
+    QVERIFY(!r);
+    QVERIFY2(r.Mensaje().startsWith(u"No se pudo guardar el archivo "_s + archivo),
+             qPrintable(r.Mensaje()));
+    QVERIFY(QFileInfo(archivo).isDir());
+}
+
+void TestAdif::busqueda_data()
+{
+    QTest::addColumn<FiltrosBusqueda>("filtros");
+    QTest::addColumn<QStringList>("esperadas");
+    using F = FiltrosBusqueda;
+    const auto fila = [](const char *nombre, const F &f, const QStringList &esperadas) {
+        QTest::newRow(nombre) << f << esperadas;
+    };
+    fila("sin filtros, de la más vieja", {}, {"LU1ABC", "LU2XYZ", "W1AW", "LU5DEF"});
+    fila("valor entero", {.corresponsal = u"LU1"_s}, {});
+    fila("modo con *", {.modo = u"D*"_s}, {"LU5DEF"});
+    fila("banda", {.banda = u"20M"_s}, {"LU2XYZ", "W1AW"});
+    fila("obs: _ literal", {.observaciones = u"100_"_s}, {});
+    fila("fechas, ambos días", {.desde = u"10/05/2024"_s, .hasta = u"15/05/2024"_s},
+         {"LU2XYZ", "W1AW"});
+    fila("satélite", {.satelite = true}, {"W1AW"});
+    fila("argentinos, todos", {.soloArgentinos = true}, {"LU1ABC", "LU2XYZ", "LU5DEF"});
+    fila("argentinos, confirmados: los de estado 1",
+         {.soloArgentinos = true, .lbn = OpcionLbN::Confirmados}, {"LU1ABC"});
+    fila("argentinos, no subidos", {.soloArgentinos = true, .lbn = OpcionLbN::NoSubidos},
+         {"LU5DEF"});
+    fila("fecha mala", {.desde = u"31/02/2024"_s}, {"Error en el formato de fecha!"});
+}
+
+void TestAdif::busqueda()
+{
+    const QStringList filas = {"Estacion=LU2XYZ;Modo=CW;Banda=20m;Fecha=10/05/2024;LbN=2",
+                               "Estacion=LU1ABC;Obs=it's 100% ok;LbN=1",
+                               "Estacion=W1AW;Modo=FT8;Banda=20m;Sat=AO-7;Fecha=15/05/2024;LbN=0",
+                               "Estacion=LU5DEF;Modo=DVoice;Operador=LU9OP;Fecha=20/05/2024;LbN=0",
+                               "Estacion=LU7ZZZ;Modo=;Fecha=",
+                               "Estacion=LU1ABC;Log=Otro"};
+    for (const QString &f : filas)
+        Hecho(alm_->AgregarQSOImportado(Registro(Fila(f)), Fila(f).NombreLog));
+    Hecho(alm_->AgregarLogVacio(u"Log"_s));
+    QFETCH(FiltrosBusqueda, filtros);
+    const Resultado<QVector<FilaQSO>> r = BuscarQSOsFiltrados(*alm_, u"Log"_s, filtros);
+    QTEST(r ? Estaciones(*r) : QStringList{r.Mensaje()}, "esperadas");
+}
+
+void TestAdif::respaldoDeLaBase()
+{
+    for (int i = 0; i < 50; ++i)
+        Hecho(alm_->AgregarQSO(Registro(Fila(u"Estacion=LU%1AA"_s.arg(i))), u"Log"_s));
+    const QDate hoy(2024, 5, 15);
+    const QString copia = dir_.filePath(u"base0_15_05_24.db"_s);
+    QCOMPARE(ArchivoRespaldo(dir_.path(), hoy), copia);
+
+    // Another connection holds a write open meanwhile: the copy has what was confirmed.
+    Almacen otra;
+    Hecho(otra.Abrir(alm_->Archivo()));
+    Hecho(otra.IniciarTransaccion());
+    Hecho(otra.AgregarQSO(Registro(Fila({})), u"Log"_s));
+    QCOMPARE(Hecho(RespaldarBase(*alm_, dir_.path(), hoy)), copia);
+    Hecho(otra.ConfirmarTransaccion());
+    QCOMPARE(FilasEn(copia), 50);
+
+    // A second copy on the same day takes the place of the first.
+    QCOMPARE(Hecho(RespaldarBase(*alm_, dir_.path(), hoy)), copia);
+    QCOMPARE(FilasEn(copia), 51);
+
+    // A copy that cannot be written leaves the day's copy as it was.
+    Hecho(alm_->AgregarQSO(Registro(Fila({})), u"Log"_s));
+    QVERIFY(QDir().mkpath(copia + u".tmp"_s));
+    const Resultado<QString> r = RespaldarBase(*alm_, dir_.path(), hoy);
+    QVERIFY(!r);
+    QVERIFY2(r.Mensaje().startsWith(u"Operation Failed\r\n\r\n"_s), qPrintable(r.Mensaje()));
+    QCOMPARE(FilasEn(copia), 51);
+    QCOMPARE(QDir(dir_.path()).entryList({u"base0_*"_s}),
+             QStringList({u"base0_15_05_24.db"_s, u"base0_15_05_24.db.tmp"_s}));
+}
+
+QTEST_GUILESS_MAIN(TestAdif)
+#include "test_adif.moc"
