@@ -197,8 +197,9 @@ void Form12::Command1_Click()
     }
 
     Command2_Click();
-    // Duplicates are QSOs to load as well: replacing them is what a corrected file is for.
-    Command3->setEnabled(nuevos_ + duplicados_ > 0);
+    // "Cargar" waits for a new QSO: a file of duplicates only is not loaded, not even to
+    // replace them.
+    Command3->setEnabled(nuevos_ > 0);
     Terminar();
     if (Command3->isEnabled())
         Command3->setFocus(Qt::OtherFocusReason);
