@@ -5,8 +5,6 @@
 #include "core/store/Almacen.h"
 
 #include <QDate>
-#include <QSet>
-#include <algorithm>
 
 namespace {
 
@@ -15,7 +13,7 @@ QDate LeerFecha(const QString &texto)
     return QDate::fromString(texto.trimmed(), QStringLiteral("d/M/yyyy"));
 }
 
-bool PasaOpciones(const FilaQSO &f, const FiltrosBusqueda &filtros)
+bool PasaOpciones(const Almacen::QSOEncontrado &f, const FiltrosBusqueda &filtros)
 {
     if (!filtros.soloArgentinos)
         return true;
@@ -50,8 +48,8 @@ QString BandaFiltro(const QString &texto)
     return banda;
 }
 
-Resultado<QVector<FilaQSO>> BuscarQSOsFiltrados(Almacen &almacen, const QString &log,
-                                                const FiltrosBusqueda &filtros)
+Resultado<QVector<qint64>> BuscarQSOsFiltrados(Almacen &almacen, const QString &log,
+                                               const FiltrosBusqueda &filtros)
 {
     if (!FechaFiltroValida(filtros.desde) || !FechaFiltroValida(filtros.hasta))
         return Fallo{MensajeFechaFiltro()};
@@ -65,25 +63,9 @@ Resultado<QVector<FilaQSO>> BuscarQSOsFiltrados(Almacen &almacen, const QString 
     f.desde = LeerFecha(filtros.desde);
     f.hasta = LeerFecha(filtros.hasta);
     f.soloSatelite = filtros.satelite;
-    QVector<FilaQSO> filas = almacen.ExportarQSOs(log, f);
-    if (filtros.soloArgentinos)
-        filas.removeIf([&](const FilaQSO &fila) { return !PasaOpciones(fila, filtros); });
-    return filas;
-}
-
-QStringList Distintos(const QVector<FilaQSO> &filas, QString FilaQSO::*columna)
-{
-    QSet<QString> vistos;
-    QStringList valores;
-    for (const FilaQSO &f : filas) {
-        const QString &v = f.*columna;
-        if (!v.isEmpty() && !vistos.contains(v)) {
-            vistos.insert(v);
-            valores << v;
-        }
-    }
-    std::sort(valores.begin(), valores.end(), [](const QString &a, const QString &b) {
-        return a.compare(b, Qt::CaseInsensitive) < 0;
-    });
-    return valores;
+    QVector<qint64> ids;
+    for (const Almacen::QSOEncontrado &encontrado : almacen.ExportarQSOs(log, f))
+        if (PasaOpciones(encontrado, filtros))
+            ids.append(encontrado.id);
+    return ids;
 }

@@ -29,10 +29,10 @@ struct FiltrosBusqueda
     OpcionLbN lbn = OpcionLbN::Todos;
 };
 
-// The QSOs of the log that pass every filter, oldest first. A date filter that is not a
-// date is refused with the message of the date fields.
-Resultado<QVector<FilaQSO>> BuscarQSOsFiltrados(Almacen &almacen, const QString &log,
-                                                const FiltrosBusqueda &filtros);
+// The ids of the QSOs of the log that pass every filter, oldest first. A date filter that
+// is not a date is refused with the message of the date fields.
+Resultado<QVector<qint64>> BuscarQSOsFiltrados(Almacen &almacen, const QString &log,
+                                               const FiltrosBusqueda &filtros);
 
 // The message of a date filter that cannot be read, and the test behind it (an empty
 // field is good).
@@ -45,7 +45,3 @@ bool FechaFiltroValida(const QString &texto);
 // The band filter as the operator leaves it: upper-cased, trimmed, and an "M" put at the
 // end when it has none, so that "40" looks for "40M".
 QString BandaFiltro(const QString &texto);
-
-// The distinct non-empty values of one column of the rows, in case-insensitive order, for
-// the lists of own callsigns and operators.
-QStringList Distintos(const QVector<FilaQSO> &filas, QString FilaQSO::*columna);

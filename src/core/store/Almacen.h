@@ -7,6 +7,7 @@
 #include "core/store/RegistroQSO.h"
 
 #include <QDate>
+#include <QHash>
 #include <QSqlDatabase>
 #include <QString>
 #include <QStringList>
@@ -120,20 +121,57 @@ public:
     QVector<MomentoQSO> MomentosCandidatos(const QString &log, const QString &modo,
                                            const QString &banda, const QString &myCall,
                                            const QString &estacion);
-    // The filtered list of the search window: QSOs of the log, newest first, optionally
-    // only those of one own callsign and/or one operator (empty filter = any).
-    QVector<FilaQSO> BuscarQSOs(const QString &log, const QString &myCall, const QString &operador);
+    // ---- The search window ---------------------------------------------------------
+    // Its list holds ids only and reads the rows it shows, a screenful at a time: a log of
+    // a million QSOs opens at once and takes no more memory than its ids.
+    // The QSOs of a log (no placeholder), newest first: read from the view's index alone.
+    QVector<qint64> IdsDelLog(const QString &log);
+    // Rows by id, in the order given; an id with no row is left out.
+    QVector<FilaQSO> QSOsPorIds(const QVector<qint64> &ids);
+    // The columns the list can be sorted or filled by.
+    enum class Columna {
+        MyCall,
+        Operador,
+        Estacion,
+        Banda,
+        Frecuencia,
+        Modo,
+        RSE,
+        RSR,
+        Fecha,
+        Hora,
+        Obs,
+        MiGrid,
+        SuGrid,
+        LbN,
+        Nombre_Sat,
+        Argento
+    };
+    // One column of every QSO of a log, by id (the sort of the list).
+    QHash<qint64, QString> ColumnaDelLog(const QString &log, Columna columna);
+    // The distinct non-empty values of one column among the QSOs of a log, in
+    // case-insensitive order (the lists of own callsigns and operators).
+    QStringList DistintosDelLog(const QString &log, Columna columna);
+    // The QSOs of the log, newest first, optionally only those of one own callsign and/or
+    // one operator (empty filter = any).
+    QVector<qint64> BuscarQSOs(const QString &log, const QString &myCall, const QString &operador);
     // The export search: QSOs of the log (no placeholder) whose columns match LIKE
     // patterns with * and ? wildcards (empty = any), Obs matched anywhere ("*texto*"),
     // within the days from desde to hasta (a null date leaves that end open), optionally
-    // only satellite QSOs; oldest first.
+    // only satellite QSOs; oldest first. Each found QSO comes with what the window's own
+    // tests of a row read.
     struct FiltroExportacion
     {
         QString myCall, operador, estacion, modo, banda, obs;
         QDate desde, hasta;
         bool soloSatelite = false;
     };
-    QVector<FilaQSO> ExportarQSOs(const QString &log, const FiltroExportacion &filtro);
+    struct QSOEncontrado
+    {
+        qint64 id = 0;
+        QString Estacion, LbN;
+    };
+    QVector<QSOEncontrado> ExportarQSOs(const QString &log, const FiltroExportacion &filtro);
     QVector<FilaQSO> TodosLosQSOs();
     // Every row of Tabla1 in the table's own order, handed over one at a time so that a
     // whole database never sits in memory (the ADIF backup). The walk stops early when

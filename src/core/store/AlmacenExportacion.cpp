@@ -6,18 +6,13 @@
 
 #include <QFileInfo>
 #include <QSqlDriver>
+#include <QSqlQuery>
 #include <iterator>
 #include <sqlite3.h>
 
 using namespace almacen;
 
 namespace {
-
-QString DeTabla1(const char *resto)
-{
-    return QStringLiteral("SELECT %1 FROM Tabla1 %2")
-        .arg(QLatin1String(kColumnasTabla1), QLatin1String(resto));
-}
 
 // The part of a pattern before its first wildcard.
 QString PrefijoFijo(const QString &patron)
@@ -49,10 +44,12 @@ void LeerTexto(QString &destino, sqlite3_stmt *consulta, int columna)
 
 } // namespace
 
-QVector<FilaQSO> Almacen::ExportarQSOs(const QString &log, const FiltroExportacion &filtro)
+QVector<Almacen::QSOEncontrado> Almacen::ExportarQSOs(const QString &log,
+                                                      const FiltroExportacion &filtro)
 {
     d->FinDeCargaMasiva();
-    QString sql = DeTabla1("WHERE \"Nombre Log\"=? AND Modo<>'' ");
+    QString sql =
+        QStringLiteral("SELECT id, Estacion, LbN FROM Tabla1 WHERE \"Nombre Log\"=? AND Modo<>'' ");
     QVariantList valores = {Texto(log)};
     // The correspondent has an index behind the log's name: the part of its pattern before
     // the first wildcard bounds a range of it, and the LIKE then applies the whole pattern
@@ -91,7 +88,159 @@ QVector<FilaQSO> Almacen::ExportarQSOs(const QString &log, const FiltroExportaci
     }
     if (filtro.soloSatelite)
         sql += QStringLiteral("AND Nombre_Sat<>'' ");
-    return d->Filas(sql + QStringLiteral("ORDER BY Fecha ASC, Hora ASC, id ASC"), valores);
+    QVector<QSOEncontrado> encontrados;
+    if (QSqlQuery *q =
+            d->Preparar(sql + QStringLiteral("ORDER BY Fecha ASC, Hora ASC, id ASC"), valores)) {
+        while (q->next())
+            encontrados.append(
+                {q->value(0).toLongLong(), q->value(1).toString(), q->value(2).toString()});
+        q->finish();
+    }
+    return encontrados;
+}
+
+namespace {
+
+// The name of each column the search window asks for, as the table has it.
+const char *NombreColumna(Almacen::Columna c)
+{
+    using C = Almacen::Columna;
+    switch (c) {
+    case C::MyCall:
+        return "MyCall";
+    case C::Operador:
+        return "Operador";
+    case C::Estacion:
+        return "Estacion";
+    case C::Banda:
+        return "Banda";
+    case C::Frecuencia:
+        return "Frecuencia";
+    case C::Modo:
+        return "Modo";
+    case C::RSE:
+        return "RSE";
+    case C::RSR:
+        return "RSR";
+    case C::Fecha:
+        return "Fecha";
+    case C::Hora:
+        return "Hora";
+    case C::Obs:
+        return "Obs";
+    case C::MiGrid:
+        return "MiGrid";
+    case C::SuGrid:
+        return "SuGrid";
+    case C::LbN:
+        return "LbN";
+    case C::Nombre_Sat:
+        return "Nombre_Sat";
+    case C::Argento:
+        return "Argento";
+    }
+    return "id";
+}
+
+// Ids are asked for in blocks of this many, one prepared statement for every block.
+constexpr int kBloqueIds = 200;
+
+} // namespace
+
+QVector<qint64> Almacen::IdsDelLog(const QString &log)
+{
+    d->FinDeCargaMasiva();
+    QVector<qint64> ids;
+    ids.reserve(CantidadQSOs(log));
+    static const QString sql =
+        QStringLiteral("SELECT id FROM Tabla1 WHERE \"Nombre Log\"=? AND Modo<>'' "
+                       "ORDER BY Fecha DESC, Hora DESC, id DESC");
+    if (QSqlQuery *q = d->Preparar(sql, {Texto(log)})) {
+        while (q->next())
+            ids.append(q->value(0).toLongLong());
+        q->finish();
+    }
+    return ids;
+}
+
+QVector<FilaQSO> Almacen::QSOsPorIds(const QVector<qint64> &ids)
+{
+    d->FinDeCargaMasiva();
+    static const QString sql = [] {
+        QStringList marcas(kBloqueIds, QStringLiteral("?"));
+        return QStringLiteral("SELECT %1 FROM Tabla1 WHERE id IN (%2)")
+            .arg(QLatin1String(kColumnasTabla1), marcas.join(QLatin1Char(',')));
+    }();
+    QHash<qint64, FilaQSO> leidas;
+    leidas.reserve(ids.size());
+    for (qsizetype desde = 0; desde < ids.size(); desde += kBloqueIds) {
+        // A short last block repeats its first id: the statement keeps its one shape.
+        QVariantList valores;
+        valores.reserve(kBloqueIds);
+        for (qsizetype i = desde; i < desde + kBloqueIds; ++i)
+            valores << (i < ids.size() ? ids.at(i) : ids.at(desde));
+        for (FilaQSO &f : d->Filas(sql, valores))
+            leidas.insert(f.id, std::move(f));
+    }
+    QVector<FilaQSO> filas;
+    filas.reserve(ids.size());
+    for (qint64 id : ids)
+        if (const auto it = leidas.constFind(id); it != leidas.cend())
+            filas.append(*it);
+    return filas;
+}
+
+QHash<qint64, QString> Almacen::ColumnaDelLog(const QString &log, Columna columna)
+{
+    d->FinDeCargaMasiva();
+    QHash<qint64, QString> valores;
+    valores.reserve(CantidadQSOs(log));
+    const QString sql =
+        QStringLiteral("SELECT id, %1 FROM Tabla1 WHERE \"Nombre Log\"=? AND Modo<>''")
+            .arg(QLatin1String(NombreColumna(columna)));
+    if (QSqlQuery *q = d->Preparar(sql, {Texto(log)})) {
+        while (q->next())
+            valores.insert(q->value(0).toLongLong(), columna == Columna::Fecha
+                                                         ? FechaLeida(q->value(1).toString())
+                                                         : q->value(1).toString());
+        q->finish();
+    }
+    return valores;
+}
+
+QStringList Almacen::DistintosDelLog(const QString &log, Columna columna)
+{
+    d->FinDeCargaMasiva();
+    // Distinct as written ("lu1abc" apart from "LU1ABC"), listed without regard to case.
+    const QString sql =
+        QStringLiteral("SELECT DISTINCT %1 COLLATE BINARY FROM Tabla1 WHERE \"Nombre Log\"=? "
+                       "AND Modo<>'' AND %1<>'' ORDER BY %1 COLLATE NOCASE, %1 COLLATE BINARY")
+            .arg(QLatin1String(NombreColumna(columna)));
+    return d->Textos(sql, {Texto(log)});
+}
+
+QVector<qint64> Almacen::BuscarQSOs(const QString &log, const QString &myCall,
+                                    const QString &operador)
+{
+    d->FinDeCargaMasiva();
+    QString sql = QStringLiteral("SELECT id FROM Tabla1 WHERE \"Nombre Log\"=? AND Modo<>'' ");
+    QVariantList valores = {Texto(log)};
+    if (!myCall.isEmpty()) {
+        sql += QStringLiteral("AND MyCall=? ");
+        valores << myCall;
+    }
+    if (!operador.isEmpty()) {
+        sql += QStringLiteral("AND Operador=? ");
+        valores << operador;
+    }
+    QVector<qint64> ids;
+    if (QSqlQuery *q =
+            d->Preparar(sql + QStringLiteral("ORDER BY Fecha DESC, Hora DESC, id DESC"), valores)) {
+        while (q->next())
+            ids.append(q->value(0).toLongLong());
+        q->finish();
+    }
+    return ids;
 }
 
 Resultado<> Almacen::RecorrerQSOs(const std::function<bool(const FilaQSO &)> &cada)

@@ -342,23 +342,6 @@ QVector<FilaQSO> Almacen::Candidatos(const QString &log, const QString &modo, co
     return d->Filas(sql, {Texto(log), Texto(modo), Texto(banda), Texto(myCall), Texto(estacion)});
 }
 
-QVector<FilaQSO> Almacen::BuscarQSOs(const QString &log, const QString &myCall,
-                                     const QString &operador)
-{
-    d->FinDeCargaMasiva();
-    QString sql = DeTabla1(kDelLog);
-    QVariantList valores = {Texto(log)};
-    if (!myCall.isEmpty()) {
-        sql += QStringLiteral("AND MyCall=? ");
-        valores << myCall;
-    }
-    if (!operador.isEmpty()) {
-        sql += QStringLiteral("AND Operador=? ");
-        valores << operador;
-    }
-    return d->Filas(sql + QLatin1String(kNuevos), valores);
-}
-
 QVector<FilaQSO> Almacen::TodosLosQSOs()
 {
     static const QString sql = DeTabla1("ORDER BY id");

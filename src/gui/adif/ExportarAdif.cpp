@@ -92,7 +92,7 @@ void AbrirBusqueda(Form1 &principal, Contexto &ctx, const QPointer<Form5> &edici
     }
     principal.ListView2->setVisible(false);
     Form6 busqueda(ctx, &principal);
-    busqueda.Cargar(ctx.almacen().LogCompletoDescendente(ctx.LogenUso));
+    busqueda.Cargar();
     principal.Label9->setVisible(false);
     busqueda.editar = [&principal](const FilaQSO &fila) {
         if (principal.abrirEdicion)

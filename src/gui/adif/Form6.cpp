@@ -112,7 +112,7 @@ void Form6::Crear()
     arriba->addLayout(acciones);
     arriba->addLayout(combos);
 
-    modelo_ = new ModeloBusqueda(this);
+    modelo_ = new ModeloBusqueda(ctx.almacen(), this);
     ListView2 = ::Crear<QTableView>(this, "ListView2");
     ListView2->setModel(modelo_);
     ListView2->setAccessibleName(QStringLiteral("QSOs"));

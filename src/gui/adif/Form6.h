@@ -28,9 +28,9 @@ public:
     explicit Form6(Contexto &ctx, QWidget *parent = nullptr);
     ~Form6() override;
 
-    // The rows of the opening, newest first; the lists of own callsigns and operators are
-    // made from them.
-    void Cargar(QVector<FilaQSO> filas);
+    // The QSOs of the log in use, newest first, and the lists of its own callsigns and
+    // operators.
+    void Cargar();
     // The list as it stands on screen, each row with its id.
     const ModeloBusqueda &Lista() const { return *modelo_; }
 
@@ -76,7 +76,7 @@ private:
     void Conectar();
     FiltrosBusqueda Filtros() const;
     // The rows shown, the count, and the buttons that need rows.
-    void Mostrar(QVector<FilaQSO> filas);
+    void Mostrar(QVector<qint64> ids);
     void Contar();
     void Buscando(bool si);
 

@@ -2,6 +2,7 @@
 #include "core/adif/Busqueda.h"
 #include "core/adif/ExportacionAdif.h"
 #include "core/context/Contexto.h"
+#include "core/store/Almacen.h"
 #include "gui/adif/ExportarAdif.h"
 #include "gui/adif/Form6.h"
 #include "gui/adif/ModeloBusqueda.h"
@@ -22,22 +23,21 @@ const QString kTodos = QStringLiteral("Todos");
 
 } // namespace
 
-void Form6::Cargar(QVector<FilaQSO> filas)
+void Form6::Cargar()
 {
-    // The placeholder row of the log is no QSO.
-    filas.removeIf([](const FilaQSO &f) { return f.Modo.isEmpty(); });
-    for (const auto &[combo, columna] :
-         {std::pair{Combo1, &FilaQSO::MyCall}, std::pair{Combo2, &FilaQSO::Operador}}) {
+    Almacen &almacen = ctx.almacen();
+    for (const auto &[combo, columna] : {std::pair{Combo1, Almacen::Columna::MyCall},
+                                         std::pair{Combo2, Almacen::Columna::Operador}}) {
         combo->clear();
         combo->addItem(kTodos);
-        combo->addItems(Distintos(filas, columna));
+        combo->addItems(almacen.DistintosDelLog(ctx.LogenUso, columna));
     }
-    Mostrar(std::move(filas));
+    Mostrar(almacen.IdsDelLog(ctx.LogenUso));
 }
 
-void Form6::Mostrar(QVector<FilaQSO> filas)
+void Form6::Mostrar(QVector<qint64> ids)
 {
-    modelo_->Poner(std::move(filas));
+    modelo_->Poner(ctx.LogenUso, std::move(ids));
     Contar();
 }
 
@@ -90,7 +90,7 @@ FiltrosBusqueda Form6::Filtros() const
 void Form6::Command3_Click()
 {
     Buscando(true);
-    Resultado<QVector<FilaQSO>> r = BuscarQSOsFiltrados(ctx.almacen(), ctx.LogenUso, Filtros());
+    Resultado<QVector<qint64>> r = BuscarQSOsFiltrados(ctx.almacen(), ctx.LogenUso, Filtros());
     ListView2->setColumnHidden(17, false);
     if (!r) {
         Buscando(false);
@@ -115,7 +115,7 @@ void Form6::Command4_Click()
 void Form6::Command2_Click()
 {
     ListView2->setVisible(false);
-    modelo_->Poner({});
+    modelo_->Poner(ctx.LogenUso, {});
     ctx.bomba().Bombear();
     const QString senal = Combo1->currentText() == kTodos ? QString() : Combo1->currentText();
     const QString operador = Combo2->currentText() == kTodos ? QString() : Combo2->currentText();
@@ -146,7 +146,8 @@ void Form6::DobleClicFila(int fila)
         return;
     }
     // The stored QSO, read by the row's id: the cells show some columns shortened.
-    const std::optional<FilaQSO> qso = ctx.almacen().QSOPorId(ctx.LogenUso, modelo_->Fila(fila).id);
+    const std::optional<FilaQSO> qso =
+        ctx.almacen().QSOPorId(ctx.LogenUso, modelo_->Ids().at(fila));
     if (!qso || !editar)
         return;
     ctx.OrigenEdicion = QStringLiteral("Form6");

@@ -248,8 +248,8 @@ void TestAdif::busqueda()
         Hecho(alm_->AgregarQSOImportado(Registro(Fila(f)), Fila(f).NombreLog));
     Hecho(alm_->AgregarLogVacio(u"Log"_s));
     QFETCH(FiltrosBusqueda, filtros);
-    const Resultado<QVector<FilaQSO>> r = BuscarQSOsFiltrados(*alm_, u"Log"_s, filtros);
-    QTEST(r ? Estaciones(*r) : QStringList{r.Mensaje()}, "esperadas");
+    const Resultado<QVector<qint64>> r = BuscarQSOsFiltrados(*alm_, u"Log"_s, filtros);
+    QTEST(r ? Estaciones(alm_->QSOsPorIds(*r)) : QStringList{r.Mensaje()}, "esperadas");
 }
 
 void TestAdif::respaldoDeLaBase()

@@ -53,7 +53,8 @@ struct Busqueda
             Hecho(p->almacen().AgregarQSOImportado(q, kLog));
         }
         f = std::make_unique<Form6>(p.ctx());
-        f->Cargar(p->almacen().LogCompletoDescendente(kLog));
+        p->LogenUso = kLog;
+        f->Cargar();
         f->show();
         QApplication::setActiveWindow(f.get());
         static_cast<void>(QTest::qWaitForWindowActive(f.get()));
@@ -125,8 +126,10 @@ void TestForm6::exportar()
     QFETCH(QString, archivo);
     QFETCH(QList<bool>, respuestas);
     Busqueda b;
-    if (vacia)
-        b.f->Cargar({});
+    if (vacia) {
+        b.p->LogenUso = u"Ninguno"_s;
+        b.f->Cargar();
+    }
     const QString ruta = archivo.isEmpty() ? QString() : b.p.Archivo(archivo + u".adi"_s);
     if (archivo == u"viejo")
         b.p.Escribir(archivo + u".adi"_s, "viejo");
