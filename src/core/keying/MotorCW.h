@@ -44,7 +44,7 @@ public:
     bool EnviandoCW() const { return enviando_; }
     QString Eco() const { return eco_; }
 
-    // The steps of a send, under the names the keyer's authors gave them.
+    // The steps of a send; the window needs only enviarCW.
     void dekod(QString &caracter); // lowers the character in place, keys its pattern
     void cw(const QString &patron);
     void dit();
