@@ -2,10 +2,12 @@
 // line is stamped on the monotonic clock and set against the schedule the same text has on
 // a fake clock. The target is an error under 1 ms at the 99th percentile at 40 ppm.
 //
-//   bench_morse [vueltas] [--ppm N] [--carga-us N]
+//   bench_morse [vueltas] [--ppm N] [--carga-us N] [--sin-tiempo-real]
 //     vueltas   times "CQ TEST LU9DCE LU9DCE " is sent (default 4, some 20 s at 40 ppm)
 //     ppm       speed, 10 to 40 (default 40)
 //     carga-us  work of each 2 ms tick of the busy window, in microseconds (default 300)
+//     sin-tiempo-real  the pump does not ask for real-time scheduling while sending, as on
+//                      a machine where the user may not have it
 #include "core/keying/LlaveCW.h"
 #include "core/keying/MacrosCW.h"
 #include "core/keying/MotorCW.h"
@@ -20,6 +22,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstring>
+#include <sched.h>
 #include <sys/resource.h>
 #include <vector>
 
@@ -105,11 +108,14 @@ int main(int argc, char *argv[])
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     int vueltas = 4, ppm = 40, cargaUs = 300;
+    bool tiempoReal = true;
     for (int i = 1; i < argc; ++i) {
         if (!std::strcmp(argv[i], "--ppm") && i + 1 < argc)
             ppm = std::atoi(argv[++i]);
         else if (!std::strcmp(argv[i], "--carga-us") && i + 1 < argc)
             cargaUs = std::atoi(argv[++i]);
+        else if (!std::strcmp(argv[i], "--sin-tiempo-real"))
+            tiempoReal = false;
         else if (argv[i][0] != '-')
             vueltas = std::max(1, std::atoi(argv[i]));
     }
@@ -142,6 +148,11 @@ int main(int argc, char *argv[])
     const std::vector<qint64> plan = Enviar(texto, velCW, relojPlan, bombaPlan);
 
     BombaQt bomba;
+    bomba.pedirTiempoReal = tiempoReal;
+    // Whether the system grants what the pump asks for while sending.
+    bomba.PedirPuntualidad(true);
+    const bool concedido = sched_getscheduler(0) == SCHED_RR;
+    bomba.PedirPuntualidad(false);
     const double cpu0 = SegundosCpu();
     const qint64 t0 = reloj.MonotonicoNs();
     const std::vector<qint64> real = Enviar(texto, velCW, reloj, bomba);
@@ -164,6 +175,8 @@ int main(int argc, char *argv[])
     std::printf("%d ppm (u = %d ms), %zu cambios de línea en %.1f s, ventana ocupada %d µs cada "
                 "2 ms (%d ticks)\n",
                 ppm, velCW + 50, real.size(), pared, cargaUs, ticks);
+    std::printf("Planificación durante el envío: %s\n",
+                concedido ? "de tiempo real" : "la común del sistema");
     Informar("Error de cada cambio (desde el 1.º)", absolutos);
     Informar("Error de cada elemento o pausa", elementos);
     std::printf("CPU usada: %.0f %% de un núcleo\n", 100.0 * cpu / pared);

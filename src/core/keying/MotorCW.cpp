@@ -72,6 +72,7 @@ void MotorCW::enviarCW()
     if (enCurso_)
         return;
     enCurso_ = true;
+    bomba_.PedirPuntualidad(true);
     plan_ = reloj_.MonotonicoNs();
     avisado_ = false;
     Q_EMIT EnvioEnCurso(true);
@@ -102,6 +103,7 @@ void MotorCW::Terminar()
     PararCW = false;
     enviando_ = false;
     enCurso_ = false;
+    bomba_.PedirPuntualidad(false);
     TextoCW.clear();
     Q_EMIT EnvioEnCurso(false);
 }

@@ -16,4 +16,7 @@ public:
         Q_UNUSED(msMaximo);
         Bombear();
     }
+    // While on, the pump's thread asks the system to wake it on time (timed keying);
+    // where the system does not allow it, nothing changes.
+    virtual void PedirPuntualidad(bool activar) { Q_UNUSED(activar); }
 };
