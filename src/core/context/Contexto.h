@@ -5,6 +5,7 @@
 
 #include "core/config/Configuracion.h"
 #include "core/context/Version.h"
+#include "core/keying/PTT.h"
 #include "core/platform/BombaEventos.h"
 #include "core/platform/ClienteWeb.h"
 #include "core/platform/Dialogos.h"
@@ -76,6 +77,8 @@ public:
     LineaSerie &puertoPTT() { return *servicios_.puertoPTT; }
     LineaSerie &puertoCW() { return *servicios_.puertoCW; }
     Reproductor &reproductor() { return *servicios_.reproductor; }
+    // PTTOn/PTTOff on puertoPTT(), with the "Tx" lamps of every window following.
+    InterruptorPTT &ptt() { return ptt_; }
     const DireccionesWeb &direcciones() const { return direcciones_; }
 
     // ---- The program's globals ----------------------------------------------------
@@ -110,6 +113,7 @@ public:
 private:
     QString carpeta_;
     Servicios servicios_;
+    InterruptorPTT ptt_{*servicios_.puertoPTT};
     Configuracion config_;
     Almacen almacen_;
     DireccionesWeb direcciones_;

@@ -15,6 +15,30 @@ void PonerPTT(LineaSerie &puerto, int pinPTT, bool encendido)
         puerto.PonerDTR(encendido);
 }
 
+InterruptorPTT::InterruptorPTT(LineaSerie &puerto, QObject *parent)
+    : QObject(parent)
+    , puerto_(puerto)
+{}
+
+void InterruptorPTT::PTTOn(int pinPTT)
+{
+    PonerPTT(puerto_, pinPTT, true);
+    encendido_ = true;
+    Q_EMIT Lampara(true);
+}
+
+void InterruptorPTT::PTTOff(int pinPTT)
+{
+    PonerPTT(puerto_, pinPTT, false);
+    encendido_ = false;
+    Q_EMIT Lampara(false);
+}
+
+ColoresTx ColoresLamparaTx(bool encendida)
+{
+    return {encendida ? 255 : 64, 16777215};
+}
+
 QString PuertoNinguno()
 {
     return QStringLiteral("NINGUNO");

@@ -17,6 +17,9 @@ public:
     virtual QString Puerto() const = 0;
     virtual void PonerDTR(bool encendido) = 0;
     virtual void PonerRTS(bool encendido) = 0;
+    // Why the last Abrir failed, in Spanish and in a few words ("el puerto no existe");
+    // empty when the line cannot tell.
+    virtual QString MotivoDelFallo() const { return {}; }
 };
 
 // The device behind a port name: "COM3" is /dev/ttyS2, anything else is itself.

@@ -43,18 +43,43 @@ LineaSerieQt::~LineaSerieQt()
     Cerrar();
 }
 
+namespace {
+
+// The driver's reason, in the operator's words.
+QString MotivoEnCastellano(QSerialPort::SerialPortError error)
+{
+    switch (error) {
+    case QSerialPort::DeviceNotFoundError:
+        return QStringLiteral("el puerto no existe en esta computadora");
+    case QSerialPort::PermissionError:
+        return QStringLiteral("el puerto está ocupado por otro programa o no hay permiso para "
+                              "usarlo");
+    case QSerialPort::OpenError:
+        return QStringLiteral("el puerto ya está abierto");
+    default:
+        return QStringLiteral("el sistema no permitió abrirlo");
+    }
+}
+
+} // namespace
+
 bool LineaSerieQt::Abrir(const QString &puerto)
 {
     Cerrar();
     nombre_ = puerto;
+    motivo_.clear();
     const QString dispositivo = DispositivoDePuerto(puerto.trimmed());
-    if (dispositivo.isEmpty())
+    if (dispositivo.isEmpty()) {
+        motivo_ = MotivoEnCastellano(QSerialPort::DeviceNotFoundError);
         return false;
+    }
     puerto_.setPortName(dispositivo);
     // With hardware flow control the driver would move RTS itself.
     puerto_.setFlowControl(QSerialPort::NoFlowControl);
-    if (!puerto_.open(QIODevice::ReadWrite))
+    if (!puerto_.open(QIODevice::ReadWrite)) {
+        motivo_ = MotivoEnCastellano(puerto_.error());
         return false;
+    }
     // Opening a tty raises both lines; the transmitter must not key until asked.
     puerto_.setDataTerminalReady(false);
     puerto_.setRequestToSend(false);
@@ -73,6 +98,11 @@ void LineaSerieQt::Cerrar()
 bool LineaSerieQt::Abierta() const
 {
     return puerto_.isOpen();
+}
+
+QString LineaSerieQt::MotivoDelFallo() const
+{
+    return motivo_;
 }
 
 QString LineaSerieQt::Puerto() const

@@ -18,10 +18,12 @@ public:
     QString Puerto() const override;
     void PonerDTR(bool encendido) override;
     void PonerRTS(bool encendido) override;
+    QString MotivoDelFallo() const override;
 
 private:
     QSerialPort puerto_;
     QString nombre_;
+    QString motivo_;
 };
 
 // The serial ports this machine has (/dev/ttyUSB0, /dev/ttyS0, …), for the port lists.

@@ -308,12 +308,12 @@ void Form2::Command7_Click()
 // The trial keys the line ticked in the window, saved or not yet.
 void Form2::Command8_MouseDown()
 {
-    PonerPTT(ctx.puertoPTT(), RTS->isChecked() ? 1 : 0, true);
+    ctx.ptt().PTTOn(RTS->isChecked() ? 1 : 0);
 }
 
 void Form2::Command8_MouseUp()
 {
-    PonerPTT(ctx.puertoPTT(), RTS->isChecked() ? 1 : 0, false);
+    ctx.ptt().PTTOff(RTS->isChecked() ? 1 : 0);
 }
 
 void Form2::Puerto_Click()

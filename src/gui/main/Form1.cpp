@@ -4,6 +4,7 @@
 #include "core/context/Contexto.h"
 #include "core/rules/Bandas.h"
 #include "gui/common/Controles.h"
+#include "gui/common/LamparaTx.h"
 #include "gui/config/Form2.h"
 #include "gui/main/Form18.h"
 
@@ -25,7 +26,7 @@ Form1::Form1(Contexto &contexto, QWidget *parent)
     : QMainWindow(parent)
     , ctx(contexto)
     , presencia_(contexto.web(), contexto.direcciones().Sitio, contexto.VersionPrograma)
-    , llamador_(contexto.reproductor(), contexto.puertoPTT())
+    , llamador_(contexto.reproductor(), contexto.ptt())
 {
     setObjectName(QStringLiteral("Form1"));
     auto *centro = new QWidget(this);
@@ -298,11 +299,22 @@ void Form1::CrearNavegador()
     Label12 = Poner<QLabel>(Frame4, "Label12", 9120, 240, 1700, 260);
     Label12->setText(QStringLiteral("Llamador CQ (F1)"));
     Label13 = Poner<QLabel>(Frame4, "Label13", 10900, 240, 1900, 260);
+    Label13->setText(QStringLiteral("Tx"));
+    Label13->setAlignment(Qt::AlignCenter);
+    // The lamp follows the PTT whoever keys it: this window, the contest window or the
+    // trial of the configuration.
+    PintarLamparaTx(Label13, ctx.ptt().Encendido());
+    connect(&ctx.ptt(), &InterruptorPTT::Lampara, Label13,
+            [this](bool encendida) { PintarLamparaTx(Label13, encendida); });
     sFondo = Poner<QLabel>(Frame4, "sFondo", 9120, 560, 3600, 220);
     sFondo->setAutoFillBackground(true);
     sFondo->setStyleSheet(QStringLiteral("background-color: #d8d8d8;"));
     sPorcentaje = Poner<QLabel>(sFondo, "sPorcentaje", 0, 0, 0, 220);
     sPorcentaje->setStyleSheet(QStringLiteral("background-color: #3070c0;"));
+    connect(&llamador_, &LlamadorCQ::Avance, sPorcentaje, [this](qint64 posicion, qint64 longitud) {
+        const float ancho = float(sFondo->width()) * float(posicion) / float(longitud);
+        sPorcentaje->resize(int(ancho), sPorcentaje->height());
+    });
 }
 
 void Form1::CrearEstacion()

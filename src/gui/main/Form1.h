@@ -74,6 +74,7 @@ public:
     QLabel *txt_pagina = nullptr, *txt_total = nullptr;
     QProgressBar *ProgressBar1 = nullptr;
     QLabel *Label12 = nullptr, *Label13 = nullptr, *sFondo = nullptr, *sPorcentaje = nullptr;
+    static constexpr int kBarraVacia = 15; // width of sPorcentaje at rest, in twips
 
     // ---- Station (Frame5) ---------------------------------------------------------
     QGroupBox *Frame5 = nullptr;

@@ -51,7 +51,7 @@ void Form1::Cargar()
 
     PrepararSatelites();
     RestaurarMemoria();
-    sPorcentaje->resize(0, sPorcentaje->height());
+    sPorcentaje->resize(Px(kBarraVacia), sPorcentaje->height());
 
     // The clock fills the date and time at its first tick; until then show them already.
     const QDateTime utc = ctx.reloj().Ahora().addSecs(qint64(-DiferenciaUTC() * 3600.0));

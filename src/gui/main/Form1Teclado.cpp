@@ -3,6 +3,7 @@
 // the CQ caller and F5 for the last QSO.
 #include "core/context/Contexto.h"
 #include "core/rules/Validacion.h"
+#include "gui/common/Twips.h"
 #include "gui/main/Form1.h"
 
 #include <QAction>
@@ -238,4 +239,5 @@ void Form1::IniciarLlamador()
 void Form1::DetenerLlamador()
 {
     llamador_.Detener(ctx.config().PinPTT);
+    sPorcentaje->resize(Px(kBarraVacia), sPorcentaje->height());
 }

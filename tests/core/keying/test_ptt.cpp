@@ -1,8 +1,11 @@
 // The PTT line picked by the pin setting, and the port that follows the settings:
 // reopened only when they name another port, so a transmitter keyed at that moment is not
-// let go; closed for "NINGUNO"; quiet about a port that does not open.
+// let go; closed for "NINGUNO"; quiet about a port that does not open. The CQ caller's
+// player commands, PTT and lamps for F1, the end of the file and Esc.
+#include "core/keying/LlamadorCQ.h"
 #include "core/keying/PTT.h"
 #include "support/LineaSerieFalsa.h"
+#include "support/ReproductorFalso.h"
 
 #include <QTest>
 
@@ -55,6 +58,59 @@ private Q_SLOTS:
         if (!linea.aperturas.isEmpty() && linea.Abierta())
             QCOMPARE(linea.historial.mid(linea.historial.size() - 2),
                      (QStringList{"RTS0", "DTR0"}));
+    }
+
+    // Steps: F1, "fin" (the file ends), Esc, for a caller that lets the PTT go at the end
+    // as the contest window's does (the main window's, which keeps it, is tried with the
+    // window); the player's length; the port open or not. Then the player's commands, the
+    // line's changes and the lamp's.
+    void llamador_data()
+    {
+        QTest::addColumn<QString>("pasos");
+        QTest::addColumn<int>("longitud");
+        QTest::addColumn<bool>("abierto");
+        QTest::addColumn<QString>("ordenes");
+        QTest::addColumn<QString>("linea");
+        QTest::addColumn<QString>("lampara");
+        const auto fila = [](const char *n, const char *pasos, int longitud, bool abierto,
+                             const char *ordenes, const char *linea, const char *lampara) {
+            QTest::newRow(n) << QString(pasos) << longitud << abierto << QString(ordenes)
+                             << QString(linea) << QString(lampara);
+        };
+        const QByteArray f1 = "Cerrar Rebobinar Abrir cq.wav Reproducir";
+        fila("longitud 0", "F1", 0, true, "Cerrar Rebobinar Abrir cq.wav", "", "");
+        fila("fin que suelta", "F1 fin", 5000, true, f1, "RTS1 RTS0", "10");
+        fila("Esc sin llamada", "Esc", 5000, true, "Detener Cerrar", "RTS0", "0");
+        fila("segundo F1", "F1 F1", 5000, true, f1 + ' ' + f1, "RTS1 RTS1", "11");
+        fila("puerto cerrado", "F1 Esc", 5000, false, f1 + " Detener Cerrar", "", "10");
+    }
+
+    void llamador()
+    {
+        QFETCH(QString, pasos);
+        QFETCH(int, longitud);
+        QFETCH(bool, abierto);
+        LineaSerieFalsa linea;
+        if (abierto)
+            QVERIFY(linea.Abrir(u"COM2"_qs));
+        ReproductorFalso reproductor;
+        reproductor.longitud = longitud;
+        InterruptorPTT ptt(linea);
+        LlamadorCQ llamador(reproductor, ptt);
+        llamador.SoltarAlTerminar([] { return 1; });
+        QString lampara;
+        connect(&ptt, &InterruptorPTT::Lampara, [&lampara](bool e) { lampara += e ? u'1' : u'0'; });
+        for (const QString &paso : pasos.split(u' ')) {
+            if (paso == u"F1")
+                llamador.Llamar(u"cq.wav"_qs, 1);
+            else if (paso == u"Esc")
+                llamador.Detener(1);
+            else
+                reproductor.Terminar();
+        }
+        QTEST(reproductor.ordenes.join(u' '), "ordenes");
+        QTEST(linea.historial.join(u' '), "linea");
+        QTEST(lampara, "lampara");
     }
 };
 

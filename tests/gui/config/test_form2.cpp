@@ -113,7 +113,11 @@ void TestForm2::editaUnaCopia()
     // While the window edits, the settings every window reads are the old ones, but the
     // PTT trial keys the line ticked here.
     QCOMPARE(p->config(), esperada);
-    f.Command8_MouseDown(), f.Command8_MouseUp();
+    // The trial lights the "Tx" lamps while held.
+    f.Command8_MouseDown();
+    QVERIFY(p->ptt().Encendido());
+    f.Command8_MouseUp();
+    QVERIFY(!p->ptt().Encendido());
     QCOMPARE(p.falsos.puertoPTT->historial.mid(2), (QStringList{"RTS1", "RTS0"}));
     f.Command1->click();
     esperada.Estacion = u"LU9ZZ"_s, esperada.PinPTT = 1;

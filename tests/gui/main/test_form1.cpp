@@ -515,15 +515,27 @@ void TestForm1::llamadorConF1YEsc()
     v.p->config().PinPTT = Dato("pin").toInt();
     if (!abre)
         reproductor.archivosQueFallan << audio;
+    // The lamp "Tx": red on, dark red off.
+    const auto lampara = [&v] {
+        const QString estilo = v.f->Label13->styleSheet();
+        return estilo.contains("#ff0000"_L1) ? 1 : estilo.contains("#400000"_L1) ? 0 : -1;
+    };
+    QCOMPARE(lampara(), 0);
     QTest::keyClick(v.Foco(), Qt::Key_F1);
-    const QStringList ordenes = QStringList{"Cerrar", "Abrir " + audio} +
-                                (abre ? QStringList{"Rebobinar", "Reproducir"} : QStringList{});
+    const QStringList ordenes = QStringList{"Cerrar", "Rebobinar", "Abrir " + audio} +
+                                (abre ? QStringList{"Reproducir"} : QStringList{});
     QCOMPARE(reproductor.ordenes, ordenes);
-    if (abre) // the end of the file keeps the transmitter keyed: only Esc lets it go
+    if (abre) { // the bar follows, and the end of the file keeps the transmitter keyed
+        reproductor.EmitirEstado(reproductor.longitud / 2);
+        QCOMPARE(v.f->sPorcentaje->width(), v.f->sFondo->width() / 2);
         reproductor.Terminar();
+    }
     QCOMPARE(ptt.historial, linea.mid(0, linea.size() - 1));
+    QCOMPARE(lampara(), abre ? 1 : 0);
     QTest::keyClick(v.Foco(), Qt::Key_Escape);
     QCOMPARE(ptt.historial, linea);
+    QCOMPARE(lampara(), 0);
+    QCOMPARE(v.f->sPorcentaje->width(), 1);
     QCOMPARE(reproductor.ordenes.mid(ordenes.size()), (QStringList{"Detener", "Cerrar"}));
 }
 
