@@ -81,19 +81,17 @@ namespace {
 void AbrirBusqueda(Form1 &principal, Contexto &ctx, const QPointer<Form5> &edicion)
 {
     ctx.CargandoBusqueda = true;
-    principal.Label9->setText(QStringLiteral("Cargando ..."));
-    principal.Label9->setVisible(true);
+    principal.VistaEnEspera(true);
     ctx.bomba().Bombear();
     if (ctx.almacen().CantidadQSOs(ctx.LogenUso) == 0) {
-        principal.Label9->setVisible(false);
+        principal.VistaDeNuevo();
         ctx.CargandoBusqueda = false;
         ctx.dialogos().Exclamacion(QStringLiteral("No hay QSOs para exportar!"));
         return;
     }
-    principal.ListView2->setVisible(false);
     Form6 busqueda(ctx, &principal);
     busqueda.Cargar();
-    principal.Label9->setVisible(false);
+    principal.VistaEnEspera(false);
     busqueda.editar = [&principal](const FilaQSO &fila) {
         if (principal.abrirEdicion)
             principal.abrirEdicion(fila, false);
@@ -106,8 +104,7 @@ void AbrirBusqueda(Form1 &principal, Contexto &ctx, const QPointer<Form5> &edici
     if (edicion)
         edicion->refrescarBusqueda = nullptr;
     ctx.CargandoBusqueda = false;
-    principal.Command11_Click();
-    principal.ListView2->setVisible(true);
+    principal.VistaDeNuevo();
 }
 
 void AbrirRespaldoAdif(Form1 &principal, Contexto &ctx)
@@ -115,7 +112,6 @@ void AbrirRespaldoAdif(Form1 &principal, Contexto &ctx)
     Form15 respaldo(ctx, &principal);
     respaldo.Llenar(LeerLogsParaRespaldo(ctx.almacen()));
     respaldo.exec();
-    principal.ListView2->setVisible(true);
 }
 
 } // namespace

@@ -292,12 +292,7 @@ void Form12::reject()
 Form12 *ConectarImportacion(Form1 &principal, Contexto &ctx)
 {
     auto *ventana = new Form12(
-        ctx,
-        [&principal] {
-            principal.ListView2->clear();
-            principal.CargarLog(1);
-        },
-        &principal);
+        ctx, [&principal] { principal.CargarLogDesdeElPrincipio(); }, &principal);
     const QPointer<Form12> importacion(ventana);
     principal.importarAdif = [importacion] {
         if (importacion)

@@ -159,6 +159,14 @@ public Q_SLOTS:
     void ultima_Click();
     void Command8_Click();
     void Command11_Click();
+    // While another window works on the whole log (the search window opening, say): the
+    // view hidden, with "Cargando ..." beside it while that window loads; and the view read
+    // again and shown when it is done.
+    void VistaEnEspera(bool cargando);
+    void VistaDeNuevo();
+    // The rows cleared and the log in use shown again from its first page, as after a change
+    // of the log (an import).
+    void CargarLogDesdeElPrincipio();
 
 protected:
     bool eventFilter(QObject *objeto, QEvent *evento) override;

@@ -138,6 +138,26 @@ void Form1::Command11_Click()
     Corresponsal->setFocus(Qt::OtherFocusReason);
 }
 
+void Form1::CargarLogDesdeElPrincipio()
+{
+    ListView2->clear();
+    CargarLog(1);
+}
+
+void Form1::VistaEnEspera(bool cargando)
+{
+    ListView2->setVisible(false);
+    Label9->setText(QStringLiteral("Cargando ..."));
+    Label9->setVisible(cargando);
+}
+
+void Form1::VistaDeNuevo()
+{
+    Label9->setVisible(false);
+    Command11_Click();
+    ListView2->setVisible(true);
+}
+
 void Form1::OrdenarPorColumna(int columna)
 {
     // The hidden "ID" column sorts by the band instead, as the view always has.
