@@ -7,7 +7,9 @@
 #include "core/platform/LineaSerieQt.h"
 #include "core/platform/RelojSistema.h"
 #include "gui/editing/Form5.h"
+#include "gui/lookup/Form33.h"
 #include "gui/main/Form1.h"
+#include "gui/nationallog/VentanaSubida.h"
 #include "gui/platform/DialogosQt.h"
 #include "gui/platform/EscritorioQt.h"
 #include "gui/platform/ReproductorQt.h"
@@ -70,7 +72,9 @@ int main(int argc, char *argv[])
     }
 
     Form1 ventana(contexto);
-    ConectarEdicion(ventana, contexto);
+    Form5 *edicion = ConectarEdicion(ventana, contexto);
+    ConectarConsultas(ventana, contexto, edicion);
+    ConectarLbN(ventana, contexto);
     ventana.show();
     return app.exec();
 }

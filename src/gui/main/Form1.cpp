@@ -65,6 +65,7 @@ Form1::Form1(Contexto &contexto, QWidget *parent)
     AplicarPantalla(1);
     Cargar();
     ConectarLogs();
+    ConectarMenuLbN();
 }
 
 Form1::~Form1() = default;

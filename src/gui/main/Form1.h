@@ -28,6 +28,7 @@ class QTimer;
 class QTreeWidget;
 class QTreeWidgetItem;
 struct FilaQSO;
+enum class TipoCorrida;
 
 class Form1 : public QMainWindow
 {
@@ -125,6 +126,10 @@ public:
     // gets the row as stored, read by its id.
     std::function<void(const FilaQSO &, bool conSat)> abrirEdicion;
     std::function<void()> buscarQRZ, buscarLbN;
+    // The national log: the province award (parg) and the runs of the menu (suych, ssub,
+    // lbn2), which stay closed in this version.
+    std::function<void()> provinciasLbN;
+    std::function<void(TipoCorrida)> corridaLbN;
 
     // Shows the context's settings: the station, the grid, the log in use, the screen
     // layout and "No Borrar". Run after every read and save of config.ini.
@@ -159,6 +164,7 @@ private:
     void CrearNavegador();
     void CrearEstacion();
     void CrearTimers();
+    void ConectarMenuLbN();
     void Cargar();
     void ConectarEntrada();
     void RestaurarMemoria();
