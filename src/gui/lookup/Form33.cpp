@@ -74,7 +74,7 @@ void Form33::Mostrar(const PanelConsulta &panel)
             Label3->setText(*panel.grilla);
     }
     setWindowTitle(qrz ? QStringLiteral("QRZ") : QStringLiteral("Libro Nacional"));
-    Text1->setPlainText(panel.texto);
+    Text1->setPlainText(QString(panel.texto).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
     resize(Px(qrz ? kAnchoQRZ : kAnchoLbN), Px(kAlto));
     // QRZ.com's record is modal; the national log's leaves the main window at hand, unless
     // a modal window (the edit window) is up, which would leave the panel out of reach.

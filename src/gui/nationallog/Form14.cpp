@@ -172,7 +172,7 @@ void Form14::Llenar(const GrillaPremio &g)
     const QStringList &provincias = NombresProvincias();
     for (int i = 0; i < provincias.size(); ++i) {
         auto *item = new QTreeWidgetItem(ListView2);
-        item->setText(0, QString::number(i + 1));
+        item->setData(0, Qt::DisplayRole, i + 1); // the order of the list
         item->setText(kColumnaProvincia, provincias[i]);
         item->setForeground(kColumnaProvincia, ColorBGR(ColorProvincia(g.mejor[i])));
         for (int j = 0; j < GrillaPremio::kColumnas; ++j) {
@@ -185,7 +185,7 @@ void Form14::Llenar(const GrillaPremio &g)
         }
     }
     auto *totales = new QTreeWidgetItem(ListView2);
-    totales->setText(0, QString::number(provincias.size() + 1));
+    totales->setData(0, Qt::DisplayRole, int(provincias.size()) + 1);
     totales->setText(kColumnaProvincia, QStringLiteral("Confirmados/Trabajados"));
     for (int j = 0; j < g.totales.size(); ++j)
         totales->setText(kPrimeraBanda + j, g.totales[j]);
