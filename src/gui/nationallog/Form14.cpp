@@ -165,7 +165,7 @@ void Form14::Llenar(const GrillaPremio &g)
     ListView2->setHeaderLabels(cabecera);
     ListView2->setColumnHidden(0, true);
     ListView2->setColumnHidden(1, true);
-    ListView2->setColumnWidth(kColumnaProvincia, Px(2000));
+    ListView2->setColumnWidth(kColumnaProvincia, Px(2500));
     for (int j = kPrimeraBanda; j < cabecera.size(); ++j)
         ListView2->setColumnWidth(j, Px(500));
 

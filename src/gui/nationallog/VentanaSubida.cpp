@@ -11,6 +11,7 @@
 #include <QListWidget>
 #include <QPointer>
 #include <QProgressBar>
+#include <QTreeWidget>
 
 VentanaSubida::VentanaSubida(QWidget *parent)
     : QDialog(parent)
@@ -80,8 +81,10 @@ LbNConectado ConectarLbN(Form1 &principal, Contexto &ctx)
         if (fin == CorridaMenu::Fin::SinCuenta)
             principal.conf->trigger();
         else if (fin == CorridaMenu::Fin::Completa || fin == CorridaMenu::Fin::Cancelada ||
-                 fin == CorridaMenu::Fin::SinConexion)
+                 fin == CorridaMenu::Fin::SinConexion) {
+            principal.ListView2->clear();
             principal.CargarLog(1);
+        }
     };
     // The program's end stops a run between two QSOs.
     ctx.Terminar = [anterior = ctx.Terminar, ventana](int codigo) {

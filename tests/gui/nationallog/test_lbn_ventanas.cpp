@@ -77,8 +77,10 @@ private Q_SLOTS:
                 prueba->Terminar(0);
         });
         prueba.falsos.dialogos->respuestasSiNo.enqueue(true);
+        principal.CargarLog(1);
         principal.corridaLbN(TipoCorrida::SoloSubir);
         QCOMPARE(terminado, 0);
+        QCOMPARE(principal.ListView2->topLevelItemCount(), 4); // the view read again
         QVERIFY(!v.isVisible());
         QCOMPARE(v.List1->count(), 2);
         QCOMPARE(v.List1->currentRow(), 1);
