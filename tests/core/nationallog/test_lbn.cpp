@@ -3,7 +3,7 @@
 
 #include "core/nationallog/CorridaMenu.h"
 #include "core/nationallog/PremioProvincias.h"
-#include "core/nationallog/SubidaLbN.h"
+#include "core/nationallog/SubidaBusqueda.h"
 #include "core/platform/ClienteWebQt.h"
 #include "support/ContextoPrueba.h"
 #include "support/Hecho.h"
@@ -280,19 +280,34 @@ private Q_SLOTS:
                     servidor.Callar(respuestas[n].isEmpty());
                     servidor.Responder(QString::fromLatin1(p.crudo), respuestas[n].toUtf8());
                 });
-        ClienteWebQt cliente;
-        BombaFalsa bomba;
-        SubidaLbN subida(cliente, bomba, servidor.Base(), u"yo"_s, u"x"_s,
-                         SubidaLbN::Script::Carancho2Radiolog);
-        subida.TiempoMaximo(300);
-        QStringList vistas;
-        const auto fin = subida.Correr(e + e, [&](const PasoSubida &p) {
-            vistas << QString::number(p.color) + u' ' + p.linea;
-        });
-        QVERIFY(fin == SubidaLbN::Fin::Rechazada);
-        QCOMPARE(vistas,
-                 (QStringList{u"16384 Subido ok"_s, u"255 LU2B duplicado!"_s,
-                              u"255 "_s + MensajeSinConexion(), u"255 Error de Contraseña!"_s}));
+        ContextoPrueba prueba(servidor.Base(), true);
+        SubidaBusqueda subida(prueba->web(), prueba->bomba(), prueba->dialogos(), prueba->config(),
+                              prueba->direcciones().LbN);
+        subida.tiempoMaximoMs = 300;
+        prueba->config().UserLbN = prueba->config().PassLbN = u"x"_s;
+        QVERIFY(!subida.Preparar(1)); // the lookup's account, not the menu's
+        prueba->config().LBNQuser = prueba->config().LBNQpass = u"x"_s;
+        QVERIFY(!subida.Preparar(51)); // Cancelar by default
+        QCOMPARE(prueba.falsos.dialogos->Textos(),
+                 (QStringList{u"Sin configurar Usuario o Contraseña!"_s,
+                              u"Más de 50 QSOs para subir!\r\n\r\npuede que domore mucho "
+                              "tiempo, prosigue o Cancela?\r\n\r\nSUGERENCIA: Filre por fecha "
+                              "para subilos en etapas"_s}));
+        struct : VistaSubidaBusqueda
+        {
+            void Empezar(int total) override { vistas << QString::number(total); }
+            void Respuesta(const QString &t, int c) override
+            {
+                vistas << QString::number(c) + u' ' + t;
+            }
+            void Terminar() override { vistas << u"fin"_s; }
+            QStringList vistas;
+        } vista;
+        QVERIFY(subida.Subir(filas + filas, true, vista) == SubidaLbN::Fin::Rechazada);
+        QVERIFY(subida.Abortada());
+        QCOMPARE(vista.vistas, (QStringList{u"8"_s, u"16384 Subido ok"_s, u"255 LU2B duplicado!"_s,
+                                            u"255 "_s + MensajeSinConexion(),
+                                            u"255 Error de Contraseña!"_s, u"fin"_s}));
     }
 
     void premio_data()
