@@ -31,7 +31,6 @@ private Q_SLOTS:
         QTest::newRow("sin cierre") << u"<call>LU1ABC"_s << u"LU9ZZ No está en QRZ.com!"_s;
         // The closing tag alone decides: the cut starts where "<call>" would have ended.
         QTest::newRow("con atributo") << u"<call a='1'>LU1ABC</call>"_s << u" A='1'>LU1ABC\r\n"_s;
-        QTest::newRow("vacía") << QString() << u"LU9ZZ No está en QRZ.com!"_s;
     }
     void qrz()
     {

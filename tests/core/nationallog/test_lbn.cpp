@@ -151,8 +151,6 @@ private Q_SLOTS:
                                << "" << 3;
         QTest::newRow("vacía") << ssub << QByteArray() << "1 0 1"
                                << "" << 3;
-        QTest::newRow("html") << ssub << QByteArray("<html><body>ok</body></html>") << "1 0 1"
-                              << "" << 3;
         QTest::newRow("10 MB") << suych << (QByteArray(10 << 20, 'x') + " Guardado") << "1 0 1"
                                << "" << 3;
         QTest::newRow("página de error, ssub")
