@@ -112,6 +112,7 @@ Consultas *ConectarConsultas(Form1 &principal, Contexto &ctx, Form5 *edicion)
     principal.buscarLbN = [consultas, &principal] {
         consultas->BusquedaLbN(principal.Corresponsal->text());
     };
+    principal.buscarHamQTH = [consultas] { consultas->BusquedaHamQTH(); };
     if (edicion) {
         edicion->buscarQRZ = [consultas](const QString &senal) { consultas->BusquedaQRZ(senal); };
         edicion->buscarLbN = [consultas](const QString &senal) {

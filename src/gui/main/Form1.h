@@ -126,6 +126,10 @@ public:
     // gets the row as stored, read by its id.
     std::function<void(const FilaQSO &, bool conSat)> abrirEdicion;
     std::function<void()> buscarQRZ, buscarLbN;
+    // The login at HamQTH with the program's own account: a hidden button without a
+    // caption, which no operator reaches.
+    QPushButton *Command12 = nullptr;
+    std::function<void()> buscarHamQTH;
     // The national log: the province award (parg) and the runs of the menu (suych, ssub,
     // lbn2), which stay closed in this version.
     std::function<void()> provinciasLbN;

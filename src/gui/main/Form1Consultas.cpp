@@ -1,9 +1,12 @@
-// Form1: the entries of the national log's menu, answered by whoever provides them.
+// Form1: the entries of the national log's menu and the hidden HamQTH button, answered by
+// whoever provides them.
 #include "gui/main/Form1.h"
 
 #include "core/nationallog/EnviosLbN.h"
 
 #include <QAction>
+#include <QGroupBox>
+#include <QPushButton>
 
 void Form1::ConectarMenuLbN()
 {
@@ -19,4 +22,11 @@ void Form1::ConectarMenuLbN()
             if (corridaLbN)
                 corridaLbN(tipo);
         });
+    Command12 = new QPushButton(Frame1);
+    Command12->setObjectName(QStringLiteral("Command12"));
+    Command12->hide();
+    connect(Command12, &QPushButton::clicked, this, [this] {
+        if (buscarHamQTH)
+            buscarHamQTH();
+    });
 }

@@ -55,6 +55,9 @@ private Q_SLOTS:
         QCOMPARE(f->Label3->text(), u"GF05"_s);
         f->close();
         QVERIFY(f->Command1->isEnabled() && f->Command4->isEnabled());
+
+        principal.Command12->click();
+        QTRY_COMPARE(servidor.pedidos.last().crudo, "/xml.php?u=xx9qz&p=31415926");
     }
 };
 
