@@ -11,7 +11,9 @@
 #include "gui/contest/Concursos.h"
 #include "gui/editing/Form5.h"
 #include "gui/main/Actualizaciones.h"
+#include "gui/lookup/Form33.h"
 #include "gui/main/Form1.h"
+#include "gui/nationallog/VentanaSubida.h"
 #include "gui/platform/DialogosQt.h"
 #include "gui/platform/EscritorioQt.h"
 #include "gui/platform/ReproductorQt.h"
@@ -85,6 +87,8 @@ int main(int argc, char *argv[])
                       [&contexto](const QString &concurso, const QString &senal) {
                           ExportarConcursoAdif(contexto, concurso, senal);
                       });
+    ConectarConsultas(ventana, contexto, edicion);
+    ConectarLbN(ventana, contexto);
     ventana.show();
     return app.exec();
 }

@@ -12,12 +12,15 @@
 #include "gui/contest/Form8.h"
 #include "gui/contest/Form9.h"
 #include "gui/editing/Form5.h"
+#include "gui/lookup/Form33.h"
 #include "gui/main/Form1.h"
 #include "gui/main/Form10.h"
 #include "gui/main/Form17.h"
 #include "gui/main/Form18.h"
 #include "gui/main/Form3.h"
 #include "gui/satellites/Form11.h"
+#include "gui/nationallog/Form14.h"
+#include "gui/nationallog/VentanaSubida.h"
 #include "support/ContextoPrueba.h"
 
 #include <QDirIterator>
@@ -114,6 +117,15 @@ void TestManual::ventanas_data()
     fila(
         "Form18", [](Contexto &) { return new Form18; }, u"Carancho Radiolog"_s,
         u"Carancho Radiolog (el cierre)"_s);
+    fila(
+        "Form14", [](Contexto &c) { return new Form14(c); }, u"Argentina en LbN"_s,
+        u"Argentina en LbN"_s);
+    fila(
+        "Form33", [](Contexto &) { return new Form33; }, u"Libro Nacional"_s,
+        u"Libro Nacional (la consulta de una señal)"_s);
+    fila(
+        "VentanaSubida", [](Contexto &) { return new VentanaSubida; }, u"Subida a LbN"_s,
+        u"Subida a LbN"_s);
 }
 
 void TestManual::ventanas()
@@ -144,7 +156,7 @@ void TestManual::todasLasVentanas()
 {
     // Every window class declared in the window library, against those tried above.
     QStringList declaradas;
-    static const QRegularExpression clase(u"^class (Form\\d+)\\b[^;]*$"_s,
+    static const QRegularExpression clase(u"^class (Form\\d+|Ventana\\w+)\\b[^;]*$"_s,
                                           QRegularExpression::MultilineOption);
     for (QDirIterator it(u"" RADIOLOG_FUENTES "/src/gui"_s, {u"*.h"_s}, QDir::Files,
                          QDirIterator::Subdirectories);

@@ -67,6 +67,7 @@ Form1::Form1(Contexto &contexto, QWidget *parent)
     Cargar();
     ConectarLogs();
     ConectarSatelite();
+    ConectarMenuLbN();
 }
 
 Form1::~Form1() = default;

@@ -28,6 +28,7 @@ class QTimer;
 class QTreeWidget;
 class QTreeWidgetItem;
 struct FilaQSO;
+enum class TipoCorrida;
 
 class Form1 : public QMainWindow
 {
@@ -137,6 +138,14 @@ public:
     std::function<void()> abrirConcursos;
     // "Importar ADIF": the import window, once it is connected.
     std::function<void()> importarAdif;
+    // The login at HamQTH with the program's own account: a hidden button without a
+    // caption, which no operator reaches.
+    QPushButton *Command12 = nullptr;
+    std::function<void()> buscarHamQTH;
+    // The national log: the province award (parg) and the runs of the menu (suych, ssub,
+    // lbn2), which stay closed in this version.
+    std::function<void()> provinciasLbN;
+    std::function<void(TipoCorrida)> corridaLbN;
 
     // Shows the context's settings: the station, the grid, the log in use, the screen
     // layout and "No Borrar". Run after every read and save of config.ini.
@@ -179,6 +188,7 @@ private:
     void CrearNavegador();
     void CrearEstacion();
     void CrearTimers();
+    void ConectarMenuLbN();
     void Cargar();
     void ConectarEntrada();
     void RestaurarMemoria();
