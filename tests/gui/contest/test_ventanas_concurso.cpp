@@ -39,7 +39,8 @@ void Activa(QWidget *w)
         f->Timer1_Timer(); // the clock's first tick
 }
 
-// The contest window on a contest "CQ M" just founded, shown as the chooser shows it.
+// The contest window on a contest "CQ M" just founded, shown as the chooser shows it, with
+// the keyer's and the caller's calls written down.
 struct Concurso
 {
     explicit Concurso(const QString &tipo = SerieIncremental())
@@ -48,21 +49,30 @@ struct Concurso
         p->ConcursoNombre = u"CQ M"_s;
         p->ConcursoTipo = tipo;
         Hecho(FundarConcurso(p->almacen(), p->ConcursoNombre, tipo));
+        f.llamarCQ = [this] { hechos << u"CQ"_s; };
+        f.detener = [this] { hechos << u"detener"_s; };
+        f.macro = [this](int i) { hechos << u"macro %1"_s.arg(i); };
+        f.manipular = [this](bool abajo) { hechos << (abajo ? u"abajo"_s : u"arriba"_s); };
+        Abrir(true);
+    }
+    void Abrir(bool nuevo)
+    {
+        f.hide();
         p->CargandoConcurso = true;
         f.Preparar();
-        f.NuevoConcurso();
+        nuevo ? f.NuevoConcurso() : f.AbrirConcurso();
         Activa(&f);
     }
     // One step of the operator: "qso CALL" logged with Enter, "tecleo CALL" typed and left,
-    // "banda B", "modo M [sí|no]" with the answer to the serial's question, "rse [X]",
-    // "reabrir".
+    // "banda B" or "modo M" clicked ("modo M sí|no" answers the serial's question), "tecla K"
+    // pressed, "QTR" a click on "QTR Manual", "Campo=valor" a field filled, "enter",
+    // "reabrir". "fija", first, founds a fixed series.
     void Paso(const QString &paso)
     {
         const QString que = paso.section(u' ', 0, 0), valor = paso.section(u' ', 1, 1);
         if (que == u"qso") {
             f.Corresponsal->setText(valor);
             f.RSR->setText(u"5"_s);
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
         } else if (que == u"tecleo") {
             f.Corresponsal->setFocus();
             QTest::keyClicks(f.Corresponsal, valor);
@@ -73,21 +83,25 @@ struct Concurso
                 d().respuestasSiNo.enqueue(paso.section(u' ', 2) == u"sí");
             lista->setCurrentText(valor);
             Q_EMIT lista->activated(lista->currentIndex());
-        } else if (que == u"rse") {
-            f.RSE->setText(valor);
-        } else {
-            f.hide();
-            p->CargandoConcurso = true;
-            f.Preparar();
-            f.AbrirConcurso();
-            Activa(&f);
+        } else if (que == u"tecla") {
+            f.Timer2_Timer();
+            QTest::keyClick(QApplication::focusWidget(), QKeySequence(valor)[0].key());
+        } else if (que == u"QTR") {
+            f.Check2->click();
+        } else if (que.contains(u'=')) {
+            f.findChild<QLineEdit *>(que.section(u'=', 0, 0))->setText(que.section(u'=', 1));
+        } else if (que == u"reabrir") {
+            Abrir(false);
         }
+        if (que == u"qso" || que == u"enter")
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
     }
     DialogosFalso &d() { return *p.falsos.dialogos; }
     int Filas() { return int(p->almacen().VistaConcurso(p->ConcursoNombre).size()); }
 
     ContextoPrueba p;
     Form4 f{p.ctx()};
+    QStringList hechos;
 };
 
 } // namespace
@@ -96,111 +110,67 @@ class TestVentanasConcurso : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    // pasos: Concurso::Paso's, "|" between. queda: the sent serial, the band and the QSOs
-    // stored, then "pregunta" for each question of the serial and the duplicate flag when it
-    // shows. Never a message box.
-    void serie_data()
+    // pasos: Concurso::Paso's, "|" between. queda: the sent serial ("-" when empty), the
+    // band, the QSOs stored and the field with the focus; then the keyer's calls, "pregunta"
+    // for each question of the serial, the duplicate flag when it shows and the messages.
+    void operador_data()
     {
-        QTest::addColumn<bool>("fija");
         QTest::addColumn<QString>("pasos");
         QTest::addColumn<QString>("queda");
-        Fila("primero", false, "qso A1A", "2 80m 1");
-        Fila("80, 40 y vuelta a 80", false, "qso A1A|qso B1B|banda 40m|qso C1C|banda 80m",
-             "3 80m 3");
-        Fila("modo: sí empieza en 1", false, "qso A1A|modo CW sí", "1 80m 1 pregunta");
-        Fila("modo: no sigue", false, "qso A1A|modo CW no", "2 80m 1 pregunta");
-        Fila("modo con serie 1: sin pregunta", false, "modo CW", "1 80m 0");
-        Fila("serie que no es número", false, "rse 07x|qso A1A", "8 80m 1");
-        Fila("reabrir: última banda y su serie", false, "qso A1A|qso B1B|banda 40m|qso C1C|reabrir",
-             "2 40m 3");
-        Fila("fija: la palabra vuelve al reabrir", true, "rse BA|qso A1A|rse|banda 40m|reabrir",
-             "BA 80m 1");
-        Fila("duplicado al dejar el campo", false, "qso LU2CD|tecleo lu2cd", "2 80m 1 DUPLICADO");
-        Fila("una banda lo oculta y no revisa", false, "qso LU2CD|tecleo lu2cd|banda 40m|banda 80m",
-             "2 80m 1");
-        Fila("otro modo no es duplicado", false, "qso LU2CD|tecleo lu2cd|modo CW no",
-             "2 80m 1 pregunta");
-        Fila("el modo revisa", false, "qso LU2CD|tecleo lu2cd|banda 40m|banda 80m|modo SSB no",
-             "2 80m 1 pregunta DUPLICADO");
-        Fila("duplicado: un aviso, nunca un alto", false, "qso LU2CD|tecleo lu2cd|qso LU2CD",
-             "3 80m 2");
+        Fila("primero", "qso A1A", "2 80m 1 Corresponsal");
+        Fila("80, 40 y vuelta a 80", "qso A1A|qso B1B|banda 40m|qso C1C|banda 80m",
+             "3 80m 3 Corresponsal");
+        Fila("modo: sí empieza en 1", "qso A1A|modo CW sí", "1 80m 1 Corresponsal pregunta");
+        Fila("modo: no sigue", "qso A1A|modo CW no", "2 80m 1 Corresponsal pregunta");
+        Fila("modo con serie 1: sin pregunta", "modo CW", "1 80m 0 Corresponsal");
+        Fila("serie que no es número", "RSE=07x|qso A1A", "8 80m 1 Corresponsal");
+        Fila("reabrir: última banda y su serie", "qso A1A|qso B1B|banda 40m|qso C1C|reabrir",
+             "2 40m 3 Corresponsal");
+        Fila("fija: la palabra vuelve al reabrir", "fija|RSE=BA|qso A1A|RSE=|banda 40m|reabrir",
+             "BA 80m 1 Corresponsal");
+        Fila("duplicado al dejar el campo", "qso LU2CD|tecleo lu2cd", "2 80m 1 RSE DUPLICADO");
+        Fila("una banda lo oculta y no revisa", "qso LU2CD|tecleo lu2cd|banda 40m|banda 80m",
+             "2 80m 1 Corresponsal");
+        Fila("otro modo no es duplicado", "qso LU2CD|tecleo lu2cd|modo CW no",
+             "2 80m 1 Corresponsal pregunta");
+        Fila("el modo revisa", "qso LU2CD|tecleo lu2cd|banda 40m|banda 80m|modo SSB no",
+             "2 80m 1 Corresponsal pregunta DUPLICADO");
+        Fila("duplicado: un aviso, nunca un alto", "qso LU2CD|tecleo lu2cd|qso LU2CD",
+             "3 80m 2 Corresponsal");
+        // Enter checks the fields in order and stores nothing while one is missing.
+        Fila("la señal antes que todo", "QTR|Text2=|Fecha=|Hora=|enter",
+             "1 80m 0 Text2 Falta su Señal Distintiva!");
+        Fila("fecha", "QTR|Fecha=|qso LU2CD", "1 80m 0 Fecha Falta la Fecha!");
+        Fila("hora", "QTR|Hora=|qso LU2CD", "1 80m 0 Hora Falta el QTR!");
+        Fila("corresponsal", "qso", "1 80m 0 Corresponsal Falta el Corresponsal!");
+        Fila("serie enviada", "RSE=|qso LU2CD", "- 80m 0 RSE Falta la Serie Enviada");
+        Fila("serie recibida", "Corresponsal=LU2CD|enter", "1 80m 0 RSR Falta la Serie Recibida");
+        Fila("fecha que no es", "QTR|Fecha=31/04/2024|qso LU2CD",
+             "1 80m 0 Fecha la Fecha 31/04/2024 no es válida!\r\nFormato: dd/mm/aaaa");
+        // F1 calls CQ outside CW; in CW the F keys are the macros and the down arrow the key.
+        Fila("F1 fuera de CW: el llamador", "tecla F1", "1 80m 0 Corresponsal CQ");
+        Fila("F3 fuera de CW: nada", "tecla F3", "1 80m 0 Corresponsal");
+        Fila("F3 en CW: la macro 2", "modo CW|tecla F3", "1 80m 0 Corresponsal macro 2");
+        Fila("flecha abajo en CW", "modo CW|tecla Down", "1 80m 0 Corresponsal abajo arriba");
+        Fila("Esc no cierra", "modo CW|tecla Esc", "1 80m 0 Corresponsal detener");
     }
 
-    void serie()
+    void operador()
     {
-        QFETCH(bool, fija);
-        Concurso v(fija ? SerieFija() : SerieIncremental());
         QFETCH(QString, pasos);
+        Concurso v(pasos.startsWith(u"fija"_s) ? SerieFija() : SerieIncremental());
         for (const QString &paso : pasos.split(u'|'))
             v.Paso(paso);
-        QStringList queda{v.f.RSE->text(), v.f.Combo2->currentText(), QString::number(v.Filas())};
+        QVERIFY(v.f.isVisible()); // nothing here closes the window, Esc least of all
+        QStringList queda{v.f.RSE->text().isEmpty() ? u"-"_s : v.f.RSE->text(),
+                          v.f.Combo2->currentText(), QString::number(v.Filas()),
+                          QApplication::focusWidget()->objectName()};
+        queda << v.hechos;
         for (const QString &q : v.d().Textos(Tipo::PreguntaSiNo))
             queda << (q == PreguntaSerieUno() ? u"pregunta"_s : q);
         if (v.f.Label7->isVisible())
             queda << v.f.Label7->text();
-        QTEST(queda.join(u' '), "queda");
-        QCOMPARE(v.d().Textos(Tipo::Exclamacion), QStringList());
-    }
-
-    // campos: those emptied, or given a value as "campo=valor"; the focus goes to the first.
-    void enterRevisa_data()
-    {
-        QTest::addColumn<QString>("campos");
-        QTest::addColumn<QString>("mensaje");
-        Fila("la señal antes que todo", "Text2 Fecha Hora Corresponsal RSE RSR",
-             "Falta su Señal Distintiva!");
-        Fila("fecha", "Fecha", "Falta la Fecha!");
-        Fila("hora", "Hora", "Falta el QTR!");
-        Fila("corresponsal", "Corresponsal", "Falta el Corresponsal!");
-        Fila("serie enviada", "RSE", "Falta la Serie Enviada");
-        Fila("serie recibida", "RSR", "Falta la Serie Recibida");
-        Fila("fecha que no es", "Fecha=31/04/2024",
-             "la Fecha 31/04/2024 no es válida!\r\nFormato: dd/mm/aaaa");
-    }
-
-    void enterRevisa()
-    {
-        QFETCH(QString, campos);
-        Concurso v;
-        v.f.Check2->click(); // the date and time typed by hand
-        v.f.Corresponsal->setText(u"LU2CD"_s);
-        v.f.RSR->setText(u"5"_s);
-        for (const QString &c : campos.split(u' '))
-            v.f.findChild<QLineEdit *>(c.section(u'=', 0, 0))->setText(c.section(u'=', 1));
-        QTest::keyClick(v.f.Corresponsal, Qt::Key_Return);
-        QTEST(v.d().Textos(Tipo::Exclamacion).join(u'|'), "mensaje");
-        QCOMPARE(QApplication::focusWidget()->objectName(),
-                 campos.section(u'=', 0, 0).section(u' ', 0, 0));
-        QCOMPARE(v.Filas(), 0);
-    }
-
-    void teclasDelManipulador_data()
-    {
-        QTest::addColumn<QString>("modo");
-        QTest::addColumn<int>("tecla");
-        QTest::addColumn<QString>("llamado");
-        Fila("F1 fuera de CW: el llamador", "SSB", int(Qt::Key_F1), "CQ");
-        Fila("F3 fuera de CW: nada", "SSB", int(Qt::Key_F3), "");
-        Fila("F3 en CW: la macro 2", "CW", int(Qt::Key_F3), "macro 2");
-        Fila("flecha abajo en CW", "CW", int(Qt::Key_Down), "abajo arriba");
-        Fila("Esc no cierra", "CW", int(Qt::Key_Escape), "detener");
-    }
-
-    void teclasDelManipulador()
-    {
-        QFETCH(QString, modo);
-        QFETCH(int, tecla);
-        Concurso v;
-        QStringList llamados;
-        v.f.llamarCQ = [&] { llamados << u"CQ"_s; };
-        v.f.detener = [&] { llamados << u"detener"_s; };
-        v.f.macro = [&](int i) { llamados << u"macro %1"_s.arg(i); };
-        v.f.manipular = [&](bool abajo) { llamados << (abajo ? u"abajo"_s : u"arriba"_s); };
-        v.Paso(u"modo "_s + modo);
-        v.f.Timer2_Timer();
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key(tecla));
-        QTEST(llamados.join(u' '), "llamado");
-        QVERIFY(v.f.isVisible());
+        QTEST((queda + v.d().Textos(Tipo::Exclamacion)).join(u' '), "queda");
     }
 
     // A contest's life from the chooser, with an apostrophe in its name: no name does
@@ -309,17 +279,13 @@ private Q_SLOTS:
     void edicion_data()
     {
         QTest::addColumn<QString>("campo");
-        QTest::addColumn<QString>("valor");
-        QTest::addColumn<QStringList>("mensajes");
+        QTest::addColumn<QString>("mensajes");
         QTest::addColumn<QString>("guardado");
-        Fila("fecha corta y mes", "Text4", "2010134",
-             QStringList{"Error en la fecha, formato DDMMAAAA!", "Error en la fecha, mes 4!"},
-             "|2010134|1430");
-        Fila("hora 2460", "Text5", "2460",
-             QStringList{"Error en la HORA 24!", "Error en los MINUTOS 60!"}, "|20240515|2460");
-        Fila("kHz 999", "Text3", "999", QStringList{"999 KHz NO ES BANDA DE CONCURSO!"},
-             "999|20240515|1430");
-        Fila("bueno", "Text4", "20101113", QStringList{}, "|20101113|1430");
+        Fila("fecha corta y mes", "Text4=2010134",
+             "Error en la fecha, formato DDMMAAAA!|Error en la fecha, mes 4!", "|2010134|1430");
+        Fila("hora 2460", "Text5=2460", "Error en la HORA 24!|Error en los MINUTOS 60!",
+             "|20240515|2460");
+        Fila("kHz 999", "Text3=999", "999 KHz NO ES BANDA DE CONCURSO!", "999|20240515|1430");
     }
 
     void edicion()
@@ -331,13 +297,12 @@ private Q_SLOTS:
         e.Cargar(v.p->almacen().VistaConcurso(u"CQ M"_s).first(), u"CQ M"_s, SerieIncremental());
         Activa(&e);
         QFETCH(QString, campo);
-        QLineEdit *c = e.findChild<QLineEdit *>(campo);
+        QLineEdit *c = e.findChild<QLineEdit *>(campo.section(u'=', 0, 0));
         c->setFocus();
-        QFETCH(QString, valor);
-        c->setText(valor);
+        c->setText(campo.section(u'=', 1));
         v.d().Limpiar();
         QTest::keyClick(c, Qt::Key_Tab);
-        QTEST(v.d().Textos(Tipo::Exclamacion), "mensajes");
+        QTEST(v.d().Textos(Tipo::Exclamacion).join(u'|'), "mensajes");
         e.Command1->click();
         const FilaConcurso f = v.p->almacen().VistaConcurso(u"CQ M"_s).first();
         QTEST(QStringList({f.Frecuencia, f.Fecha, f.Hora}).join(u'|'), "guardado");
