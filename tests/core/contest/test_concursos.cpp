@@ -40,12 +40,13 @@ struct Prueba
     Almacen almacen;
 };
 
-FilaConcurso Registro(const QString &modo, const QString &banda, const QString &myCall,
-                      const QString &estacion, const QString &rse = u"1"_s)
+// A contest QSO of 13/11/2010 at 15:30 from "mode band own-callsign station sent-serial".
+FilaConcurso Registro(const QString &texto)
 {
+    const QStringList c = texto.split(u' ');
     FilaConcurso f;
-    f.Modo = modo, f.Banda = banda, f.MyCall = myCall, f.Estacion = estacion;
-    f.Fecha = u"20101113"_s, f.Hora = u"1530"_s, f.RSE = rse, f.RSR = u"23"_s;
+    f.Modo = c[0], f.Banda = c[1], f.MyCall = c[2], f.Estacion = c[3], f.RSE = c.value(4);
+    f.Fecha = u"20101113"_s, f.Hora = u"1530"_s, f.RSR = u"23"_s;
     return f;
 }
 
@@ -55,28 +56,26 @@ class TestConcursos : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
+    // qso: "callsign mode band" asked of "CQ M".
     void duplicados_data()
     {
-        QTest::addColumn<QString>("senal");
-        QTest::addColumn<QString>("modo");
-        QTest::addColumn<QString>("banda");
+        QTest::addColumn<QString>("qso");
         QTest::addColumn<bool>("duplicado");
-        Fila("mismo QSO", "LU2CD", "SSB", "40m", true);
-        Fila("PH es SSB", "LU2CD", "PH", "40m", true);
-        Fila("minúsculas", "lu2cd", "SSB", "40m", true);
-        Fila("otro modo", "LU2CD", "CW", "40m", false);
-        Fila("otra banda", "LU2CD", "SSB", "80m", false);
-        Fila("otra estación", "LU3EF", "SSB", "40m", false);
-        Fila("solo en otro concurso", "LU5IJ", "SSB", "40m", false);
+        Fila("mismo QSO", "LU2CD SSB 40m", true);
+        Fila("PH es SSB", "LU2CD PH 40m", true);
+        Fila("minúsculas", "lu2cd SSB 40m", true);
+        Fila("otro modo", "LU2CD CW 40m", false);
+        Fila("otra banda", "LU2CD SSB 80m", false);
+        Fila("otra estación", "LU3EF SSB 40m", false);
+        Fila("solo en otro concurso", "LU5IJ SSB 40m", false);
     }
 
     void duplicados()
     {
-        QFETCH(QString, senal);
-        QFETCH(QString, modo);
-        QFETCH(QString, banda);
+        QFETCH(QString, qso);
+        const QStringList q = qso.split(u' ');
         Prueba p;
-        QTEST(EsDuplicadoConcurso(p.almacen, u"CQ M"_s, senal, modo, banda), "duplicado");
+        QTEST(EsDuplicadoConcurso(p.almacen, u"CQ M"_s, q[0], q[1], q[2]), "duplicado");
     }
 
     // By name, each with the series of its founding row and its QSOs but not that row; a
@@ -91,29 +90,25 @@ private Q_SLOTS:
                                                     {u"CQ M"_s, SerieFija(), 1}}));
     }
 
-    // A typed QSO's date, time and frequency as stored, or the message of what cannot be read.
+    // tecleado: "date time MHz kHz". A typed QSO's date, time and frequency as stored, or the
+    // message of what cannot be read.
     void filaDeEntrada_data()
     {
-        QTest::addColumn<QString>("fecha");
-        QTest::addColumn<QString>("hora");
-        QTest::addColumn<QString>("mhz");
-        QTest::addColumn<QString>("khz");
+        QTest::addColumn<QString>("tecleado");
         QTest::addColumn<QString>("esperado");
-        Fila("40 m", "13/11/2010", "15:30", "7", "050", "20101113 1530 7050");
-        Fila("6 m sin kHz", "01/02/2024", "00:05", "6", "000", "20240201 0005 6000");
-        Fila("punto en kHz", "01/02/2024", "9:05", "14", ".2", "20240201 0905 142");
-        Fila("hora que no es", "01/04/2024", "24:00", "7", "000",
+        Fila("40 m", "13/11/2010 15:30 7 050", "20101113 1530 7050");
+        Fila("6 m sin kHz", "01/02/2024 00:05 6 000", "20240201 0005 6000");
+        Fila("punto en kHz", "01/02/2024 9:05 14 .2", "20240201 0905 142");
+        Fila("hora que no es", "01/04/2024 24:00 7 000",
              "la Hora 24:00 no es válida!\r\nFormato: hh:mm");
     }
 
     void filaDeEntrada()
     {
-        QFETCH(QString, fecha);
-        QFETCH(QString, hora);
-        QFETCH(QString, mhz);
-        QFETCH(QString, khz);
-        const EntradaConcurso e{u"LU1AB"_s, fecha, hora, u"LU2CD"_s, u"1"_s,
-                                u"2"_s,     mhz,   khz,  u"40m"_s,   u"CW"_s};
+        QFETCH(QString, tecleado);
+        const QStringList t = tecleado.split(u' ');
+        const EntradaConcurso e{u"LU1AB"_s, t[0], t[1], u"LU2CD"_s, u"1"_s,
+                                u"2"_s,     t[2], t[3], u"40m"_s,   u"CW"_s};
         const FilaEntrada f = FilaDeEntrada(e, u"CQ"_s, SerieFija());
         QTEST(f.falta ? f.falta->mensaje
                       : QStringList({f.fila.Fecha, f.fila.Hora, f.fila.Frecuencia}).join(u' '),
@@ -122,14 +117,13 @@ private Q_SLOTS:
 
     void lineaCabrillo_data()
     {
-        QTest::addColumn<FilaConcurso>("fila");
+        QTest::addColumn<QString>("qso");
         QTest::addColumn<QString>("linea");
-        Fila("ejemplo", Registro(u"CW"_s, u"40m"_s, u"LU1AB"_s, u"LU2CD"_s),
+        Fila("ejemplo", "CW 40m LU1AB LU2CD 1",
              "QSO:  7000 CW 2010-11-13 1530 LU1AB         599 1      LU2CD         599 23    ");
-        Fila("FM en 2 m, señal y serie largas",
-             Registro(u"FM"_s, u"2m"_s, u"LU1AB/D"_s, u"LU12345678ABCD"_s, u"1234567"_s),
+        Fila("FM en 2 m, señal y serie largas", "FM 2m LU1AB/D LU12345678ABCD 1234567",
              "QSO:144000 PH 2010-11-13 1530 LU1AB/D        59 1234567 LU12345678ABCD  59 23    ");
-        Fila("banda que no está en la tabla", Registro(u"SSB"_s, u"30m"_s, u"LU1AB"_s, u"LU2CD"_s),
+        Fila("banda que no está en la tabla", "SSB 30m LU1AB LU2CD 1",
              "QSO:   30m PH 2010-11-13 1530 LU1AB          59 1      LU2CD          59 23    ");
     }
 
@@ -137,9 +131,10 @@ private Q_SLOTS:
     // the export at its row, with the lines before it kept.
     void lineaCabrillo()
     {
-        QFETCH(FilaConcurso, fila);
+        QFETCH(QString, qso);
         QFETCH(QString, linea);
-        FilaConcurso fundacion, otra = fila;
+        const FilaConcurso fila = Registro(qso), fundacion;
+        FilaConcurso otra = fila;
         otra.MyCall = u"LU9ZZ"_s;
         const QSOsCabrillo r = ArmarQSOsCabrillo({fundacion, fila, fila}, fila.MyCall),
                            s = ArmarQSOsCabrillo({fila, otra, fila}, fila.MyCall);
