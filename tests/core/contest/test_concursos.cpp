@@ -96,7 +96,6 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("tecleado");
         QTest::addColumn<QString>("esperado");
-        Fila("40 m", "13/11/2010 15:30 7 050", "20101113 1530 7050");
         Fila("6 m sin kHz", "01/02/2024 00:05 6 000", "20240201 0005 6000");
         Fila("punto en kHz", "01/02/2024 9:05 14 .2", "20240201 0905 142");
         Fila("hora que no es", "01/04/2024 24:00 7 000",

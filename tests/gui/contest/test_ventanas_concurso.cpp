@@ -117,11 +117,9 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("pasos");
         QTest::addColumn<QString>("queda");
-        Fila("primero", "qso A1A", "2 80m 1 Corresponsal");
         Fila("80, 40 y vuelta a 80", "qso A1A|qso B1B|banda 40m|qso C1C|banda 80m",
              "3 80m 3 Corresponsal");
         Fila("modo: sí empieza en 1", "qso A1A|modo CW sí", "1 80m 1 Corresponsal pregunta");
-        Fila("modo: no sigue", "qso A1A|modo CW no", "2 80m 1 Corresponsal pregunta");
         Fila("modo con serie 1: sin pregunta", "modo CW", "1 80m 0 Corresponsal");
         Fila("serie que no es número", "RSE=07x|qso A1A", "8 80m 1 Corresponsal");
         Fila("reabrir: última banda y su serie", "qso A1A|qso B1B|banda 40m|qso C1C|reabrir",
@@ -131,7 +129,7 @@ private Q_SLOTS:
         Fila("duplicado al dejar el campo", "qso LU2CD|tecleo lu2cd", "2 80m 1 RSE DUPLICADO");
         Fila("una banda lo oculta y no revisa", "qso LU2CD|tecleo lu2cd|banda 40m|banda 80m",
              "2 80m 1 Corresponsal");
-        Fila("otro modo no es duplicado", "qso LU2CD|tecleo lu2cd|modo CW no",
+        Fila("modo: no sigue, y otro modo no es duplicado", "qso LU2CD|tecleo lu2cd|modo CW no",
              "2 80m 1 Corresponsal pregunta");
         Fila("el modo revisa", "qso LU2CD|tecleo lu2cd|banda 40m|banda 80m|modo SSB no",
              "2 80m 1 Corresponsal pregunta DUPLICADO");
