@@ -35,8 +35,6 @@ void Activa(QWidget *w)
     w->show();
     QApplication::setActiveWindow(w);
     static_cast<void>(QTest::qWaitForWindowActive(w));
-    if (auto *f = qobject_cast<Form4 *>(w))
-        f->Timer1_Timer(); // the clock's first tick
 }
 
 // The contest window on a contest "CQ M" just founded, shown as the chooser shows it, with
