@@ -1,6 +1,5 @@
-// Contests in the core: serials through changes of band and mode and reopenings, the
-// duplicate rule, the Cabrillo lines and header, the edit window's checks, and a name
-// with an apostrophe from its creation to its deletion.
+// Contests in the core: the duplicate rule and the chooser's list over one store, the row of
+// a typed QSO, the Cabrillo lines, header and file, and the edit window's checks.
 #include "core/contest/Cabrillo.h"
 #include "core/contest/Concurso.h"
 #include "core/contest/EdicionConcurso.h"
@@ -15,37 +14,39 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A store over a new file with one contest founded.
+template<typename... T> void Fila(const char *nombre, const T &...valores)
+{
+    (QTest::newRow(nombre) << ... << valores);
+}
+
+// Founded out of order: "CQ M" (fixed) with LU2CD on SSB in 40 m, "A" with LU5IJ the same, "C".
 struct Prueba
 {
-    explicit Prueba(const QString &tipo = SerieIncremental(), const QString &nombre = u"CQ M"_s)
-        : concurso(nombre)
-        , tipo(tipo)
+    Prueba()
     {
         Hecho(almacen.Abrir(carpeta.filePath(u"base0.db"_s)));
-        Hecho(FundarConcurso(almacen, concurso, tipo));
+        for (const QString &c : {u"CQ M"_s, u"A"_s, u"C"_s})
+            Hecho(FundarConcurso(almacen, c, c == u"CQ M" ? SerieFija() : SerieIncremental()));
+        Qso(u"CQ M"_s, u"LU2CD"_s);
+        Qso(u"A"_s, u"LU5IJ"_s);
     }
-    // A QSO as the window stores it, with the serial of the window.
-    void Qso(const QString &senal, const QString &modo, const QString &banda, const QString &rse,
-             const QString &myCall = u"LU1AB"_s)
+    void Qso(const QString &concurso, const QString &senal)
     {
-        const EntradaConcurso e{myCall,  u"13/11/2010"_s, u"15:30"_s, senal, rse,
-                                u"23"_s, u"7"_s,          u"000"_s,   banda, modo};
-        const FilaEntrada f = FilaDeEntrada(e, concurso, tipo);
-        QVERIFY(!f.falta);
-        Hecho(almacen.AgregarQSOConcurso(f.fila));
+        const EntradaConcurso e{u"LU1AB"_s, u"13/11/2010"_s, u"15:30"_s, senal,    u"1"_s,
+                                u"23"_s,    u"7"_s,          u"000"_s,   u"40m"_s, u"SSB"_s};
+        Hecho(almacen.AgregarQSOConcurso(FilaDeEntrada(e, concurso, SerieFija()).fila));
     }
     QTemporaryDir carpeta;
     Almacen almacen;
-    QString concurso, tipo;
 };
 
-FilaConcurso Fila(const QString &modo, const QString &banda, const QString &myCall,
-                  const QString &estacion)
+// A contest QSO of 13/11/2010 at 15:30 from "mode band own-callsign station sent-serial".
+FilaConcurso Registro(const QString &texto)
 {
+    const QStringList c = texto.split(u' ');
     FilaConcurso f;
-    f.Modo = modo, f.Banda = banda, f.MyCall = myCall, f.Estacion = estacion;
-    f.Fecha = u"20101113"_s, f.Hora = u"1530"_s, f.RSE = u"1"_s, f.RSR = u"23"_s;
+    f.Modo = c[0], f.Banda = c[1], f.MyCall = c[2], f.Estacion = c[3], f.RSE = c.value(4);
+    f.Fecha = u"20101113"_s, f.Hora = u"1530"_s, f.RSR = u"23"_s;
     return f;
 }
 
@@ -55,214 +56,149 @@ class TestConcursos : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void duplicados_data();
-    void duplicados();
-    void filaDeEntrada_data();
-    void filaDeEntrada();
-    void lineaCabrillo_data();
-    void lineaCabrillo();
-    void qsosCabrillo();
-    void encabezadoYArchivo();
-    void edicion_data();
-    void edicion();
-    void listaDelElegidor();
+    // qso: "callsign mode band" asked of "CQ M".
+    void duplicados_data()
+    {
+        QTest::addColumn<QString>("qso");
+        QTest::addColumn<bool>("duplicado");
+        Fila("mismo QSO", "LU2CD SSB 40m", true);
+        Fila("PH es SSB", "LU2CD PH 40m", true);
+        Fila("minúsculas", "lu2cd SSB 40m", true);
+        Fila("otro modo", "LU2CD CW 40m", false);
+        Fila("otra banda", "LU2CD SSB 80m", false);
+        Fila("otra estación", "LU3EF SSB 40m", false);
+        Fila("solo en otro concurso", "LU5IJ SSB 40m", false);
+    }
+
+    void duplicados()
+    {
+        QFETCH(QString, qso);
+        const QStringList q = qso.split(u' ');
+        Prueba p;
+        QTEST(EsDuplicadoConcurso(p.almacen, u"CQ M"_s, q[0], q[1], q[2]), "duplicado");
+    }
+
+    // By name, each with the series of its founding row and its QSOs but not that row; a
+    // name is taken in any case.
+    void listaDelElegidor()
+    {
+        Prueba p;
+        QVERIFY(ConcursoRepetido(p.almacen, u"cq m"_s));
+        QCOMPARE(p.almacen.ConcursosConCantidad(),
+                 (QVector<Almacen::ConcursoListado>{{u"A"_s, SerieIncremental(), 1},
+                                                    {u"C"_s, SerieIncremental(), 0},
+                                                    {u"CQ M"_s, SerieFija(), 1}}));
+    }
+
+    // tecleado: "date time MHz kHz". A typed QSO's date, time and frequency as stored, or the
+    // message of what cannot be read.
+    void filaDeEntrada_data()
+    {
+        QTest::addColumn<QString>("tecleado");
+        QTest::addColumn<QString>("esperado");
+        Fila("6 m sin kHz", "01/02/2024 00:05 6 000", "20240201 0005 6000");
+        Fila("punto en kHz", "01/02/2024 9:05 14 .2", "20240201 0905 142");
+        Fila("hora que no es", "01/04/2024 24:00 7 000",
+             "la Hora 24:00 no es válida!\r\nFormato: hh:mm");
+    }
+
+    void filaDeEntrada()
+    {
+        QFETCH(QString, tecleado);
+        const QStringList t = tecleado.split(u' ');
+        const EntradaConcurso e{u"LU1AB"_s, t[0], t[1], u"LU2CD"_s, u"1"_s,
+                                u"2"_s,     t[2], t[3], u"40m"_s,   u"CW"_s};
+        const FilaEntrada f = FilaDeEntrada(e, u"CQ"_s, SerieFija());
+        QTEST(f.falta ? f.falta->mensaje
+                      : QStringList({f.fila.Fecha, f.fila.Hora, f.fila.Frecuencia}).join(u' '),
+              "esperado");
+    }
+
+    void lineaCabrillo_data()
+    {
+        QTest::addColumn<QString>("qso");
+        QTest::addColumn<QString>("linea");
+        Fila("ejemplo", "CW 40m LU1AB LU2CD 1",
+             "QSO:  7000 CW 2010-11-13 1530 LU1AB         599 1      LU2CD         599 23    ");
+        Fila("FM en 2 m, señal y serie largas", "FM 2m LU1AB/D LU12345678ABCD 1234567",
+             "QSO:144000 PH 2010-11-13 1530 LU1AB/D        59 1234567 LU12345678ABCD  59 23    ");
+        Fila("banda que no está en la tabla", "SSB 30m LU1AB LU2CD 1",
+             "QSO:   30m PH 2010-11-13 1530 LU1AB          59 1      LU2CD          59 23    ");
+    }
+
+    // Each QSO's line closed by CRLF, the founding row skipped; another own callsign stops
+    // the export at its row, with the lines before it kept.
+    void lineaCabrillo()
+    {
+        QFETCH(QString, qso);
+        QFETCH(QString, linea);
+        const FilaConcurso fila = Registro(qso), fundacion;
+        FilaConcurso otra = fila;
+        otra.MyCall = u"LU9ZZ"_s;
+        const QSOsCabrillo r = ArmarQSOsCabrillo({fundacion, fila, fila}, fila.MyCall),
+                           s = ArmarQSOsCabrillo({fila, otra, fila}, fila.MyCall);
+        QCOMPARE(r.texto, linea + u"\r\n"_s + linea + u"\r\n"_s);
+        QCOMPARE(s.texto, linea + u"\r\n"_s);
+        QVERIFY(r.cantidad == 2 && !r.otraSenal && s.cantidad == 1 && s.otraSenal);
+    }
+
+    void encabezadoYArchivo()
+    {
+        EncabezadoCabrillo e{u"LU1AB"_s, u"CQ M"_s,  u"SINGLE-OP"_s, u"LOW"_s,     u"160m"_s,
+                             u"MIXED"_s, {},         u"Juan"_s,      u"Calle 1"_s, {},
+                             u"Salta"_s, u"j@x.ar"_s};
+        QCOMPARE(
+            TextoEncabezado(e, u"2.1.03"_s),
+            u"START-OF-LOG: 3.0\r\nCALLSIGN: LU1AB\r\nCONTEST: CQ M\r\n"
+            "CATEGORY-OPERATOR: SINGLE-OP\r\nCATEGORY-POWER: LOW\r\nCATEGORY-BAND: 160m\r\n"
+            "CATEGORY-MODE: MIXED\r\nOPERATORS: \r\nNAME: Juan\r\nADDRESS: Calle 1\r\n"
+            "ADDRESS: \r\nADDRESS: Salta\r\nE-MAIL: j@x.ar\r\nCREATED-BY: CR RADIOLOG 2.1.03\r\n"_s);
+
+        QTemporaryDir carpeta;
+        const QString archivo = carpeta.filePath(u"cq.log"_s);
+        Hecho(GuardarCabrillo(archivo, u"QSO: Ñ\nEND-OF-LOG:"_s));
+        QFile f(archivo);
+        QVERIFY(f.open(QIODevice::ReadOnly));
+        QCOMPARE(f.readAll(), QByteArray("QSO: \xD1\r\nEND-OF-LOG:\r\n"));
+        // A folder where the file should be: a message, no crash.
+        QVERIFY(!GuardarCabrillo(carpeta.path(), u"x"_s).Mensaje().isEmpty());
+
+        // datos.cbr: missing reads as nothing; lines past the fifth are not the header's.
+        QCOMPARE(LeerDatosCbr(carpeta.path()), QStringList());
+        QFile datos(carpeta.path() + u"/datos.cbr"_s);
+        QVERIFY(datos.open(QIODevice::WriteOnly));
+        datos.write("Juan\r\n\r\n\r\n\r\nj@x.ar\r\nsobra\r\n");
+        datos.close();
+        QCOMPARE(LeerDatosCbr(carpeta.path()), QStringList({u"Juan"_s, {}, {}, {}, u"j@x.ar"_s}));
+    }
+
+    // campo: 0 frequency, 1 date, 2 time.
+    void edicion_data()
+    {
+        QTest::addColumn<int>("campo");
+        QTest::addColumn<QString>("texto");
+        QTest::addColumn<QStringList>("mensajes");
+        Fila("kHz vacío", 0, "", QStringList{"Ingrese la frecuencia en KHZ!"});
+        Fila("1000 kHz", 0, "1000", QStringList{});
+        Fila("150001 kHz", 0, "150001", QStringList{"150001 KHz NO ES BANDA DE CONCURSO!"});
+        Fila("día 32", 1, "20101332", QStringList{"Error en la fecha, día 32!"});
+        Fila("mes 13 muestra el día", 1, "20101331", QStringList{"Error en la fecha, mes 31!"});
+        Fila("hora buena", 2, "2359", QStringList{});
+        Fila("larga: tres cajas", 2, "99:99",
+             QStringList{"Error en la HORA, formato HHMM!", "Error en la HORA 99!",
+                         "Error en los MINUTOS 99!"});
+    }
+
+    void edicion()
+    {
+        QFETCH(int, campo);
+        QFETCH(QString, texto);
+        QTEST(campo == 0   ? RevisarFrecuenciaRegistro(texto)
+              : campo == 1 ? RevisarFechaRegistro(texto)
+                           : RevisarHoraRegistro(texto),
+              "mensajes");
+    }
 };
-
-void TestConcursos::duplicados_data()
-{
-    QTest::addColumn<QString>("senal");
-    QTest::addColumn<QString>("modo");
-    QTest::addColumn<QString>("banda");
-    QTest::addColumn<bool>("duplicado");
-    QTest::newRow("mismo QSO") << "LU2CD"
-                               << "SSB"
-                               << "40m" << true;
-    QTest::newRow("PH es SSB") << "LU2CD"
-                               << "PH"
-                               << "40m" << true;
-    QTest::newRow("minúsculas") << "lu2cd"
-                                << "SSB"
-                                << "40m" << true;
-    QTest::newRow("otro modo") << "LU2CD"
-                               << "CW"
-                               << "40m" << false;
-    QTest::newRow("otra banda") << "LU2CD"
-                                << "SSB"
-                                << "80m" << false;
-    QTest::newRow("otra estación") << "LU3EF"
-                                   << "SSB"
-                                   << "40m" << false;
-}
-
-void TestConcursos::duplicados()
-{
-    QFETCH(QString, senal);
-    QFETCH(QString, modo);
-    QFETCH(QString, banda);
-    Prueba p;
-    p.Qso(u"LU2CD"_s, u"SSB"_s, u"40m"_s, u"1"_s);
-    Prueba otro(SerieIncremental(), u"OTRO"_s); // another contest never counts
-    QTEST(EsDuplicadoConcurso(p.almacen, p.concurso, senal, modo, banda), "duplicado");
-}
-
-void TestConcursos::filaDeEntrada_data()
-{
-    QTest::addColumn<QString>("fecha");
-    QTest::addColumn<QString>("hora");
-    QTest::addColumn<QString>("mhz");
-    QTest::addColumn<QString>("khz");
-    QTest::addColumn<QString>("esperado"); // "fecha hora frecuencia" or the message
-    QTest::newRow("40 m") << "13/11/2010"
-                          << "15:30"
-                          << "7"
-                          << "050"
-                          << "20101113 1530 7050";
-    QTest::newRow("6 m sin kHz") << "01/02/2024"
-                                 << "00:05"
-                                 << "6"
-                                 << "000"
-                                 << "20240201 0005 6000";
-    QTest::newRow("punto en kHz") << "01/02/2024"
-                                  << "9:05"
-                                  << "14"
-                                  << ".2"
-                                  << "20240201 0905 142";
-    QTest::newRow("fecha que no es") << "31/04/2024"
-                                     << "10:00"
-                                     << "7"
-                                     << "000"
-                                     << "la Fecha 31/04/2024 no es válida!\r\nFormato: dd/mm/aaaa";
-    QTest::newRow("hora que no es") << "01/04/2024"
-                                    << "24:00"
-                                    << "7"
-                                    << "000"
-                                    << "la Hora 24:00 no es válida!\r\nFormato: hh:mm";
-}
-
-void TestConcursos::filaDeEntrada()
-{
-    QFETCH(QString, fecha);
-    QFETCH(QString, hora);
-    QFETCH(QString, mhz);
-    QFETCH(QString, khz);
-    const EntradaConcurso e{u"LU1AB"_s, fecha, hora, u"LU2CD"_s, u"1"_s,
-                            u"2"_s,     mhz,   khz,  u"40m"_s,   u"CW"_s};
-    const FilaEntrada f = FilaDeEntrada(e, u"CQ"_s, SerieFija());
-    QTEST(f.falta ? f.falta->mensaje
-                  : QStringList({f.fila.Fecha, f.fila.Hora, f.fila.Frecuencia}).join(u' '),
-          "esperado");
-}
-
-void TestConcursos::lineaCabrillo_data()
-{
-    QTest::addColumn<FilaConcurso>("fila");
-    QTest::addColumn<QString>("linea");
-    FilaConcurso f = Fila(u"CW"_s, u"40m"_s, u"LU1AB"_s, u"LU2CD"_s);
-    QTest::newRow("ejemplo")
-        << f << "QSO:  7000 CW 2010-11-13 1530 LU1AB         599 1      LU2CD         599 23    ";
-    f = Fila(u"FM"_s, u"2m"_s, u"LU1AB/D"_s, u"LU12345678ABCD"_s);
-    f.RSE = u"1234567"_s;
-    QTest::newRow("FM en 2 m, señal y serie largas")
-        << f << "QSO:144000 PH 2010-11-13 1530 LU1AB/D        59 1234567 LU12345678ABCD  59 23    ";
-    f = Fila(u"SSB"_s, u"30m"_s, u"LU1AB"_s, u"LU2CD"_s);
-    QTest::newRow("banda que no está en la tabla")
-        << f << "QSO:   30m PH 2010-11-13 1530 LU1AB          59 1      LU2CD          59 23    ";
-}
-
-void TestConcursos::lineaCabrillo()
-{
-    QFETCH(FilaConcurso, fila);
-    QTEST(LineaCabrillo(fila), "linea");
-}
-
-void TestConcursos::qsosCabrillo()
-{
-    FilaConcurso fundacion;
-    fundacion.NombreLog = u"CQ"_s;
-    const FilaConcurso a = Fila(u"CW"_s, u"40m"_s, u"LU1AB"_s, u"LU2CD"_s);
-    const FilaConcurso otra = Fila(u"CW"_s, u"40m"_s, u"LU9ZZ"_s, u"LU3EF"_s);
-    QSOsCabrillo r = ArmarQSOsCabrillo({fundacion, a, a}, u"LU1AB"_s);
-    QCOMPARE(r.cantidad, 2);
-    QCOMPARE(r.texto, LineaCabrillo(a) + u"\r\n"_s + LineaCabrillo(a) + u"\r\n"_s);
-    QVERIFY(!r.otraSenal);
-    // Another own callsign stops at its row, with the lines before it kept.
-    r = ArmarQSOsCabrillo({a, otra, a}, u"LU1AB"_s);
-    QCOMPARE(r.cantidad, 1);
-    QVERIFY(r.otraSenal);
-}
-
-void TestConcursos::encabezadoYArchivo()
-{
-    EncabezadoCabrillo e{u"LU1AB"_s, u"CQ M"_s, u"SINGLE-OP"_s, u"LOW"_s, u"160m"_s,  u"MIXED"_s,
-                         {},         u"Juan"_s, u"Calle 1"_s,   {},       u"Salta"_s, u"j@x.ar"_s};
-    const QString esperado =
-        u"START-OF-LOG: 3.0\r\nCALLSIGN: LU1AB\r\nCONTEST: CQ M\r\nCATEGORY-OPERATOR: SINGLE-OP\r\n"
-        "CATEGORY-POWER: LOW\r\nCATEGORY-BAND: 160m\r\nCATEGORY-MODE: MIXED\r\nOPERATORS: \r\n"
-        "NAME: Juan\r\nADDRESS: Calle 1\r\nADDRESS: \r\nADDRESS: Salta\r\nE-MAIL: j@x.ar\r\n"
-        "CREATED-BY: CR RADIOLOG 2.1.03\r\n"_s;
-    QCOMPARE(TextoEncabezado(e, u"2.1.03"_s), esperado);
-
-    QTemporaryDir carpeta;
-    const QString archivo = carpeta.filePath(u"cq.log"_s);
-    Hecho(GuardarCabrillo(archivo, u"QSO: Ñ\nEND-OF-LOG:"_s));
-    QFile f(archivo);
-    QVERIFY(f.open(QIODevice::ReadOnly));
-    QCOMPARE(f.readAll(), QByteArray("QSO: \xD1\r\nEND-OF-LOG:\r\n"));
-    // A folder where the file should be: a message, no crash.
-    QVERIFY(!GuardarCabrillo(carpeta.path(), u"x"_s).Mensaje().isEmpty());
-
-    // datos.cbr: missing reads as nothing; lines past the fifth are not the header's.
-    QCOMPARE(LeerDatosCbr(carpeta.path()), QStringList());
-    QFile datos(carpeta.path() + u"/datos.cbr"_s);
-    QVERIFY(datos.open(QIODevice::WriteOnly));
-    datos.write("Juan\r\n\r\n\r\n\r\nj@x.ar\r\nsobra\r\n");
-    datos.close();
-    QCOMPARE(LeerDatosCbr(carpeta.path()), QStringList({u"Juan"_s, {}, {}, {}, u"j@x.ar"_s}));
-}
-
-void TestConcursos::edicion_data()
-{
-    QTest::addColumn<int>("campo"); // 0 frequency, 1 date, 2 time
-    QTest::addColumn<QString>("texto");
-    QTest::addColumn<QStringList>("mensajes");
-    QTest::newRow("kHz vacío") << 0 << "" << QStringList{"Ingrese la frecuencia en KHZ!"};
-    QTest::newRow("1000 kHz") << 0 << "1000" << QStringList{};
-    QTest::newRow("150001 kHz") << 0 << "150001"
-                                << QStringList{"150001 KHz NO ES BANDA DE CONCURSO!"};
-    QTest::newRow("día 32") << 1 << "20101332" << QStringList{"Error en la fecha, día 32!"};
-    QTest::newRow("mes 13 muestra el día")
-        << 1 << "20101331" << QStringList{"Error en la fecha, mes 31!"};
-    QTest::newRow("hora buena") << 2 << "2359" << QStringList{};
-    QTest::newRow("larga: tres cajas")
-        << 2 << "99:99"
-        << QStringList{"Error en la HORA, formato HHMM!", "Error en la HORA 99!",
-                       "Error en los MINUTOS 99!"};
-}
-
-void TestConcursos::edicion()
-{
-    QFETCH(int, campo);
-    QFETCH(QString, texto);
-    const QStringList mensajes = campo == 0   ? RevisarFrecuenciaRegistro(texto)
-                                 : campo == 1 ? RevisarFechaRegistro(texto)
-                                              : RevisarHoraRegistro(texto);
-    QTEST(mensajes, "mensajes");
-}
-
-void TestConcursos::listaDelElegidor()
-{
-    Prueba p(SerieFija(), u"B"_s);
-    Hecho(FundarConcurso(p.almacen, u"A"_s, SerieIncremental()));
-    Hecho(FundarConcurso(p.almacen, u"C"_s, SerieIncremental()));
-    p.Qso(u"LU2CD"_s, u"SSB"_s, u"40m"_s, u"X"_s);
-    p.Qso(u"LU3EF"_s, u"SSB"_s, u"40m"_s, u"X"_s);
-    QCOMPARE(p.almacen.ConcursosConCantidad(),
-             (QVector<Almacen::ConcursoListado>{{u"A"_s, SerieIncremental(), 0},
-                                                {u"B"_s, SerieFija(), 2},
-                                                {u"C"_s, SerieIncremental(), 0}}));
-    QVERIFY(ConcursoRepetido(p.almacen, u"b"_s));
-    QVERIFY(!ConcursoRepetido(p.almacen, u"D"_s));
-}
 
 QTEST_GUILESS_MAIN(TestConcursos)
 #include "test_concursos.moc"

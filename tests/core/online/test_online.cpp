@@ -24,13 +24,11 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("cuerpo");
         QTest::addColumn<QString>("propia");
         QTest::addColumn<QString>("caja");
-        const QString beta = u"2.1.03 (Beta)"_s;
-        QTest::newRow("al día")
-            << 200 << QByteArray("2.1.03\r\n") << beta
-            << "! Su versión: 2.1.03 (Beta)/en la Web: 2.1.03//está actualizado";
-        QTest::newRow("tercera")
-            << 200 << QByteArray("2.1.04\nnotas\n") << beta
-            << "! Su versión: 2.1.03 (Beta)/en la Web: 2.1.04//debe actualizar!";
+        const QString beta = u"2.1.03 (Beta)"_s, su = u"! Su versión: 2.1.03 (Beta)/en la Web: "_s;
+        QTest::newRow("al día") << 200 << QByteArray("2.1.03\r\n") << beta
+                                << su + u"2.1.03//está actualizado"_s;
+        QTest::newRow("tercera") << 200 << QByteArray("2.1.04\nnotas\n") << beta
+                                 << su + u"2.1.04//debe actualizar!"_s;
         QTest::newRow("cada número por sí")
             << 200 << QByteArray("2.1.03") << u"2.2.01"_s
             << "! Su versión: 2.2.01/en la Web: 2.1.03//debe actualizar!";
@@ -42,12 +40,11 @@ private Q_SLOTS:
         QTest::newRow("vacía") << 200 << QByteArray() << beta << "";
         QTest::newRow("página HTML")
             << 200 << QByteArray("<!DOCTYPE html>\n<p>2.1.04</p>") << beta << "";
-        QTest::newRow("enorme")
-            << 200 << QByteArray("2.1.04\r\n") + QByteArray(4 << 20, 'x') << beta
-            << "! Su versión: 2.1.03 (Beta)/en la Web: 2.1.04//debe actualizar!";
-        QTest::newRow("línea enorme") << 200 << QByteArray("2.1.0") + QByteArray(100, '9') << beta
-                                      << "! Su versión: 2.1.03 (Beta)/en la Web: 2.1.0" +
-                                             QString(55, u'9') + u"\u2026//debe actualizar!"_s;
+        QTest::newRow("enorme") << 200 << QByteArray("2.1.04\r\n") + QByteArray(4 << 20, 'x')
+                                << beta << su + u"2.1.04//debe actualizar!"_s;
+        QTest::newRow("línea enorme")
+            << 200 << QByteArray("2.1.0") + QByteArray(100, '9') << beta
+            << su + u"2.1.0"_s + QString(55, u'9') + u"\u2026//debe actualizar!"_s;
         const QString alto = u"Alto No se pudo consultar la versión publicada en la Web.//"_s;
         QTest::newRow("404") << 404 << QByteArray("<h1>No</h1>") << beta
                              << alto + "El sitio 127.0.0.1 respondió con el error 404.";

@@ -1,6 +1,6 @@
-// The contest windows as the operator meets them: the serial through Enter, band and mode
-// clicks and reopenings, the Enter check's messages, the duplicate flag, the chooser, the
-// Cabrillo header's presses and the edit window's boxes.
+// The contest windows as the operator meets them: the serial and the duplicate flag through
+// Enter, band and mode clicks and reopenings, the Enter check's messages, the keyer's keys, a
+// contest's life from the chooser, the Cabrillo header's presses and the edit window's boxes.
 #include "core/contest/Concurso.h"
 #include "gui/contest/Form4.h"
 #include "gui/contest/Form7.h"
@@ -12,7 +12,6 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -26,62 +25,81 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+template<typename... T> void Fila(const char *nombre, const T &...valores)
+{
+    (QTest::newRow(nombre) << ... << valores);
+}
+
 void Activa(QWidget *w)
 {
     w->show();
     QApplication::setActiveWindow(w);
     static_cast<void>(QTest::qWaitForWindowActive(w));
-    if (auto *f = qobject_cast<Form4 *>(w))
-        f->Timer1_Timer(); // the clock's first tick
 }
 
-// The contest window on a contest just founded, shown as the chooser shows it.
+// The contest window on a contest "CQ M" just founded, shown as the chooser shows it, with
+// the keyer's and the caller's calls written down.
 struct Concurso
 {
-    explicit Concurso(const QString &tipo = SerieIncremental(), const QString &nombre = u"CQ M"_s)
+    explicit Concurso(const QString &tipo = SerieIncremental())
     {
         p->config().Estacion = u"LU1AB"_s;
-        p->ConcursoNombre = nombre;
+        p->ConcursoNombre = u"CQ M"_s;
         p->ConcursoTipo = tipo;
-        Hecho(FundarConcurso(p->almacen(), nombre, tipo));
-        p->CargandoConcurso = true;
-        f.Preparar();
-        f.NuevoConcurso();
-        Activa(&f);
+        Hecho(FundarConcurso(p->almacen(), p->ConcursoNombre, tipo));
+        f.llamarCQ = [this] { hechos << u"CQ"_s; };
+        f.detener = [this] { hechos << u"detener"_s; };
+        f.macro = [this](int i) { hechos << u"macro %1"_s.arg(i); };
+        f.manipular = [this](bool abajo) { hechos << (abajo ? u"abajo"_s : u"arriba"_s); };
+        Abrir(true);
     }
-    void Reabrir()
+    void Abrir(bool nuevo)
     {
         f.hide();
         p->CargandoConcurso = true;
         f.Preparar();
-        f.AbrirConcurso();
+        nuevo ? f.NuevoConcurso() : f.AbrirConcurso();
         Activa(&f);
     }
-    // One step of the operator: "qso CALL", "banda B", "modo M sí|no", "rse X", "reabrir".
+    // One step of the operator: "qso CALL" logged with Enter, "tecleo CALL" typed and left,
+    // "banda B" or "modo M" clicked ("modo M sí|no" answers the serial's question), "tecla K"
+    // pressed, "QTR" a click on "QTR Manual", "Campo=valor" a field filled, "enter",
+    // "reabrir". "fija", first, founds a fixed series.
     void Paso(const QString &paso)
     {
-        const QStringList c = paso.split(u' ');
-        if (c[0] == u"qso") {
-            f.Corresponsal->setText(c[1]);
+        const QString que = paso.section(u' ', 0, 0), valor = paso.section(u' ', 1, 1);
+        if (que == u"qso") {
+            f.Corresponsal->setText(valor);
             f.RSR->setText(u"5"_s);
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-        } else if (c[0] == u"banda" || c[0] == u"modo") {
-            QComboBox *lista = c[0] == u"banda" ? f.Combo2 : f.Combo1;
-            if (c.size() > 2)
-                d().respuestasSiNo.enqueue(c[2] == u"sí");
-            lista->setCurrentText(c[1]);
+        } else if (que == u"tecleo") {
+            f.Corresponsal->setFocus();
+            QTest::keyClicks(f.Corresponsal, valor);
+            QTest::keyClick(f.Corresponsal, Qt::Key_Tab);
+        } else if (que == u"banda" || que == u"modo") {
+            QComboBox *lista = que == u"banda" ? f.Combo2 : f.Combo1;
+            if (paso.count(u' ') > 1)
+                d().respuestasSiNo.enqueue(paso.section(u' ', 2) == u"sí");
+            lista->setCurrentText(valor);
             Q_EMIT lista->activated(lista->currentIndex());
-        } else if (c[0] == u"rse") {
-            f.RSE->setText(c[1]);
-        } else {
-            Reabrir();
+        } else if (que == u"tecla") {
+            f.Timer2_Timer();
+            QTest::keyClick(QApplication::focusWidget(), QKeySequence(valor)[0].key());
+        } else if (que == u"QTR") {
+            f.Check2->click();
+        } else if (que.contains(u'=')) {
+            f.findChild<QLineEdit *>(que.section(u'=', 0, 0))->setText(que.section(u'=', 1));
+        } else if (que == u"reabrir") {
+            Abrir(false);
         }
+        if (que == u"qso" || que == u"enter")
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
     }
     DialogosFalso &d() { return *p.falsos.dialogos; }
-    qint64 Filas() { return p->almacen().VistaConcurso(p->ConcursoNombre).size(); }
+    int Filas() { return int(p->almacen().VistaConcurso(p->ConcursoNombre).size()); }
 
     ContextoPrueba p;
     Form4 f{p.ctx()};
+    QStringList hechos;
 };
 
 } // namespace
@@ -90,332 +108,209 @@ class TestVentanasConcurso : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void serie_data();
-    void serie();
-    void enterRevisa_data();
-    void enterRevisa();
-    void duplicado();
-    void teclasDelManipulador_data();
-    void teclasDelManipulador();
-    void elegidor_data();
-    void elegidor();
-    void encabezado();
-    void edicion_data();
-    void edicion();
-    void nombreConApostrofo();
-};
+    // pasos: Concurso::Paso's, "|" between. queda: the sent serial ("-" when empty), the
+    // band, the QSOs stored and the field with the focus; then the keyer's calls, "pregunta"
+    // for each question of the serial, the duplicate flag when it shows and the messages.
+    void operador_data()
+    {
+        QTest::addColumn<QString>("pasos");
+        QTest::addColumn<QString>("queda");
+        Fila("80, 40 y vuelta a 80", "qso A1A|qso B1B|banda 40m|qso C1C|banda 80m",
+             "3 80m 3 Corresponsal");
+        Fila("modo: sí empieza en 1", "qso A1A|modo CW sí", "1 80m 1 Corresponsal pregunta");
+        Fila("modo con serie 1: sin pregunta", "modo CW", "1 80m 0 Corresponsal");
+        Fila("serie que no es número", "RSE=07x|qso A1A", "8 80m 1 Corresponsal");
+        Fila("reabrir: última banda y su serie", "qso A1A|qso B1B|banda 40m|qso C1C|reabrir",
+             "2 40m 3 Corresponsal");
+        Fila("fija: la palabra vuelve al reabrir", "fija|RSE=BA|qso A1A|RSE=|banda 40m|reabrir",
+             "BA 80m 1 Corresponsal");
+        Fila("duplicado al dejar el campo", "qso LU2CD|tecleo lu2cd", "2 80m 1 RSE DUPLICADO");
+        Fila("una banda lo oculta y no revisa", "qso LU2CD|tecleo lu2cd|banda 40m|banda 80m",
+             "2 80m 1 Corresponsal");
+        Fila("modo: no sigue, y otro modo no es duplicado", "qso LU2CD|tecleo lu2cd|modo CW no",
+             "2 80m 1 Corresponsal pregunta");
+        Fila("el modo revisa", "qso LU2CD|tecleo lu2cd|banda 40m|banda 80m|modo SSB no",
+             "2 80m 1 Corresponsal pregunta DUPLICADO");
+        Fila("duplicado: un aviso, nunca un alto", "qso LU2CD|tecleo lu2cd|qso LU2CD",
+             "3 80m 2 Corresponsal");
+        // Enter checks the fields in order and stores nothing while one is missing.
+        Fila("la señal antes que todo", "QTR|Text2=|Fecha=|Hora=|enter",
+             "1 80m 0 Text2 Falta su Señal Distintiva!");
+        Fila("fecha", "QTR|Fecha=|qso LU2CD", "1 80m 0 Fecha Falta la Fecha!");
+        Fila("hora", "QTR|Hora=|qso LU2CD", "1 80m 0 Hora Falta el QTR!");
+        Fila("corresponsal", "qso", "1 80m 0 Corresponsal Falta el Corresponsal!");
+        Fila("serie enviada", "RSE=|qso LU2CD", "- 80m 0 RSE Falta la Serie Enviada");
+        Fila("serie recibida", "Corresponsal=LU2CD|enter", "1 80m 0 RSR Falta la Serie Recibida");
+        Fila("fecha que no es", "QTR|Fecha=31/04/2024|qso LU2CD",
+             "1 80m 0 Fecha la Fecha 31/04/2024 no es válida!\r\nFormato: dd/mm/aaaa");
+        // F1 calls CQ outside CW; in CW the F keys are the macros and the down arrow the key.
+        Fila("F1 fuera de CW: el llamador", "tecla F1", "1 80m 0 Corresponsal CQ");
+        Fila("F3 fuera de CW: nada", "tecla F3", "1 80m 0 Corresponsal");
+        Fila("F3 en CW: la macro 2", "modo CW|tecla F3", "1 80m 0 Corresponsal macro 2");
+        Fila("flecha abajo en CW", "modo CW|tecla Down", "1 80m 0 Corresponsal abajo arriba");
+        Fila("Esc no cierra", "modo CW|tecla Esc", "1 80m 0 Corresponsal detener");
+    }
 
-void TestVentanasConcurso::serie_data()
-{
-    QTest::addColumn<QString>("tipo");
-    QTest::addColumn<QStringList>("pasos");
-    QTest::addColumn<QString>("rse");
-    QTest::addColumn<QString>("banda");
-    QTest::addColumn<int>("preguntas");
-    const QString inc = SerieIncremental();
-    QTest::newRow("primero") << inc << QStringList{"qso A1A"} << "2"
-                             << "80m" << 0;
-    QTest::newRow("80, 40 y vuelta a 80")
-        << inc << QStringList{"qso A1A", "qso B1B", "banda 40m", "qso C1C", "banda 80m"} << "3"
-        << "80m" << 0;
-    QTest::newRow("modo: sí empieza en 1") << inc << QStringList{"qso A1A", "modo CW sí"} << "1"
-                                           << "80m" << 1;
-    QTest::newRow("modo: no sigue") << inc << QStringList{"qso A1A", "modo CW no"} << "2"
-                                    << "80m" << 1;
-    QTest::newRow("modo con serie 1: sin pregunta") << inc << QStringList{"modo CW"} << "1"
-                                                    << "80m" << 0;
-    QTest::newRow("serie que no es número") << inc << QStringList{"rse 07x", "qso A1A"} << "8"
-                                            << "80m" << 0;
-    QTest::newRow("reabrir: última banda y su serie")
-        << inc << QStringList{"qso A1A", "qso B1B", "banda 40m", "qso C1C", "reabrir"} << "2"
-        << "40m" << 0;
-    QTest::newRow("fija: la palabra vuelve al reabrir")
-        << SerieFija() << QStringList{"rse BA", "qso A1A", "rse", "banda 40m", "reabrir"} << "BA"
-        << "80m" << 0;
-}
+    void operador()
+    {
+        QFETCH(QString, pasos);
+        Concurso v(pasos.startsWith(u"fija"_s) ? SerieFija() : SerieIncremental());
+        for (const QString &paso : pasos.split(u'|'))
+            v.Paso(paso);
+        QVERIFY(v.f.isVisible()); // nothing here closes the window, Esc least of all
+        QStringList queda{v.f.RSE->text().isEmpty() ? u"-"_s : v.f.RSE->text(),
+                          v.f.Combo2->currentText(), QString::number(v.Filas()),
+                          QApplication::focusWidget()->objectName()};
+        queda << v.hechos;
+        for (const QString &q : v.d().Textos(Tipo::PreguntaSiNo))
+            queda << (q == PreguntaSerieUno() ? u"pregunta"_s : q);
+        if (v.f.Label7->isVisible())
+            queda << v.f.Label7->text();
+        QTEST((queda + v.d().Textos(Tipo::Exclamacion)).join(u' '), "queda");
+    }
 
-void TestVentanasConcurso::serie()
-{
-    QFETCH(QString, tipo);
-    QFETCH(QStringList, pasos);
-    Concurso v(tipo);
-    for (const QString &paso : pasos)
-        v.Paso(paso);
-    QTEST(v.f.RSE->text(), "rse");
-    QTEST(v.f.Combo2->currentText(), "banda");
-    QTEST(v.d().Cantidad(Tipo::PreguntaSiNo), "preguntas");
-    QCOMPARE(v.d().Textos(Tipo::PreguntaSiNo).value(0, PreguntaSerieUno()), PreguntaSerieUno());
-}
-
-void TestVentanasConcurso::enterRevisa_data()
-{
-    QTest::addColumn<QString>("campo"); // emptied, or given a value as "campo=valor"
-    QTest::addColumn<QString>("mensaje");
-    QTest::newRow("todo vacío") << "todo"
-                                << "Falta su Señal Distintiva!";
-    QTest::newRow("fecha") << "Fecha"
-                           << "Falta la Fecha!";
-    QTest::newRow("hora") << "Hora"
-                          << "Falta el QTR!";
-    QTest::newRow("corresponsal") << "Corresponsal"
-                                  << "Falta el Corresponsal!";
-    QTest::newRow("serie enviada") << "RSE"
-                                   << "Falta la Serie Enviada";
-    QTest::newRow("serie recibida") << "RSR"
-                                    << "Falta la Serie Recibida";
-    QTest::newRow("fecha que no es") << "Fecha=31/04/2024"
-                                     << "la Fecha 31/04/2024 no es válida!\r\nFormato: dd/mm/aaaa";
-}
-
-void TestVentanasConcurso::enterRevisa()
-{
-    QFETCH(QString, campo);
-    Concurso v;
-    v.f.Check2->click(); // the date and time typed by hand
-    v.f.Corresponsal->setText(u"LU2CD"_s);
-    v.f.RSR->setText(u"5"_s);
-    const QString nombre = campo.section(u'=', 0, 0);
-    QLineEdit *foco = v.f.findChild<QLineEdit *>(nombre == u"todo" ? u"Text2"_s : nombre);
-    if (nombre == u"todo")
-        for (QLineEdit *c : {v.f.Text2, v.f.Fecha, v.f.Hora, v.f.Corresponsal, v.f.RSE, v.f.RSR})
-            c->clear();
-    foco->setText(campo.section(u'=', 1));
-    QTest::keyClick(v.f.Corresponsal, Qt::Key_Return);
-    QTEST(v.d().Textos(Tipo::Exclamacion).join(u'|'), "mensaje");
-    QCOMPARE(QApplication::focusWidget(), foco);
-    QCOMPARE(v.Filas(), 0);
-}
-
-void TestVentanasConcurso::duplicado()
-{
-    Concurso v;
-    v.Paso(u"qso LU2CD"_s);
-    v.f.Corresponsal->setFocus();
-    QTest::keyClicks(v.f.Corresponsal, u"lu2cd"_s);
-    QTest::keyClick(v.f.Corresponsal, Qt::Key_Tab);
-    QVERIFY(v.f.Label7->isVisible());
-    v.Paso(u"banda 40m"_s); // a band alone hides it and checks nothing
-    QVERIFY(!v.f.Label7->isVisible());
-    v.Paso(u"banda 80m"_s);
-    v.Paso(u"modo CW no"_s); // another mode: no duplicate
-    QVERIFY(!v.f.Label7->isVisible());
-    v.Paso(u"modo SSB no"_s);
-    QVERIFY(v.f.Label7->isVisible());
-    v.f.RSR->setText(u"5"_s);
-    QTest::keyClick(v.f.Corresponsal, Qt::Key_Return); // a warning, never a stop
-    QCOMPARE(v.Filas(), 2);
-    QVERIFY(v.d().Textos(Tipo::Exclamacion).isEmpty());
-}
-
-void TestVentanasConcurso::teclasDelManipulador_data()
-{
-    QTest::addColumn<QString>("modo");
-    QTest::addColumn<int>("tecla");
-    QTest::addColumn<QString>("llamado");
-    QTest::newRow("F1 fuera de CW: el llamador") << "SSB" << int(Qt::Key_F1) << "CQ";
-    QTest::newRow("F3 fuera de CW: nada") << "SSB" << int(Qt::Key_F3) << "";
-    QTest::newRow("F3 en CW: la macro 2") << "CW" << int(Qt::Key_F3) << "macro 2";
-    QTest::newRow("flecha abajo en CW") << "CW" << int(Qt::Key_Down) << "abajo arriba";
-    QTest::newRow("Esc no cierra") << "CW" << int(Qt::Key_Escape) << "detener";
-}
-
-void TestVentanasConcurso::teclasDelManipulador()
-{
-    QFETCH(QString, modo);
-    QFETCH(int, tecla);
-    Concurso v;
-    QStringList llamados;
-    v.f.llamarCQ = [&] { llamados << u"CQ"_s; };
-    v.f.detener = [&] { llamados << u"detener"_s; };
-    v.f.macro = [&](int i) { llamados << u"macro %1"_s.arg(i); };
-    v.f.manipular = [&](bool abajo) { llamados << (abajo ? u"abajo"_s : u"arriba"_s); };
-    v.Paso(u"modo "_s + modo);
-    v.f.Timer2_Timer();
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key(tecla));
-    QTEST(llamados.join(u' '), "llamado");
-    QVERIFY(v.f.isVisible());
-}
-
-void TestVentanasConcurso::elegidor_data()
-{
-    QTest::addColumn<QString>("tecleado");
-    QTest::addColumn<bool>("fija");
-    QTest::addColumn<QString>("mensaje");
-    QTest::addColumn<QString>("abierto"); // the contest opened, "nombre tipo"; empty: none
-    QTest::newRow("vacío") << "" << false << ""
-                           << "";
-    QTest::newRow("existe en minúsculas")
-        << "cq m" << false
-        << "Ya existe un concurso creado con el nombre CQ M\r\n\r\nElija otro nombre!"
-        << "";
-    QTest::newRow("nuevo, fija") << "rd 2024" << true << ""
-                                 << "RD 2024 Fija";
-}
-
-void TestVentanasConcurso::elegidor()
-{
-    ContextoPrueba p;
-    Hecho(FundarConcurso(p->almacen(), u"CQ M"_s, SerieIncremental()));
-    Form8 f(p.ctx());
-    QString abierto;
-    f.abrirConcurso = [&](bool nuevo) {
-        QVERIFY(nuevo);
-        abierto = p->ConcursoNombre + u' ' + p->ConcursoTipo;
-    };
-    f.Llenar(p->almacen().ConcursosConCantidad());
-    Activa(&f);
-    QFETCH(bool, fija);
-    f.Option2->setChecked(fija);
-    f.Text1->setFocus();
-    QFETCH(QString, tecleado);
-    QTest::keyClicks(f.Text1, tecleado);
-    f.Command1->click();
-    QTEST(p.falsos.dialogos->Textos().join(u'|'), "mensaje");
-    QTEST(abierto, "abierto");
-    f.Llenar(p->almacen().ConcursosConCantidad());
-    QCOMPARE(f.ListView1->topLevelItemCount(), abierto.isEmpty() ? 1 : 2);
-    QCOMPARE(f.ListView1->topLevelItem(0)->text(3), u"0"_s); // the founding row is no QSO
-}
-
-void TestVentanasConcurso::encabezado()
-{
-    ContextoPrueba p;
-    Form9 f(p.ctx());
-    Hecho(p->almacen().Abrir(p.Archivo(u"base0.db"_s)));
-    p.Escribir(u"datos.cbr"_s, "Juan\r\nCalle 1\r\n");
-    f.Cargar(u"QSO: uno\r\nEND-OF-LOG:"_s, u"CQ M"_s, 1, u"LU1AB"_s);
-    Activa(&f);
-    QCOMPARE(f.windowTitle(), u"Encabezado de CQ M con 1 QSO(s)"_s);
-    QCOMPARE(f.Text2->text(), u"Juan"_s);
-    QVERIFY(f.Text9->isHidden());
-    f.Combo1->setCurrentText(u"MULTI-OP"_s);
-    Q_EMIT f.Combo1->activated(1);
-    QVERIFY(f.Text9->isVisible());
-
-    DialogosFalso &d = *p.falsos.dialogos;
-    const QString archivo = p.Archivo(u"cq.log"_s);
-    p.Escribir(u"cq.log"_s, "viejo");
-    // First press: cancelled. Second: the file exists, No goes back to the dialog, then
-    // it is overwritten and seen.
-    f.Command1->click();
-    d.archivosGuardar << archivo << archivo;
-    d.respuestasSiNo << false << true << true;
-    f.Command1->click();
-    QCOMPARE(d.Textos(Tipo::GuardarArchivo), QStringList(3, u"ADIF (*.log)"_s));
-    QCOMPARE(d.Textos(Tipo::ExclamacionSiNo),
-             QStringList{archivo + u"\r\nGuardado!\r\n\r\nDesea verlo?"_s});
-    QCOMPARE(p.falsos.escritorio->abiertos, QStringList{archivo});
-    QVERIFY(!f.isVisible());
-    const QString guardado = QString::fromLatin1(p.Leer(u"cq.log"_s));
-    QCOMPARE(guardado.count(u"START-OF-LOG: 3.0\r\n"_s), 2);
-    QVERIFY(guardado.endsWith(u"\r\nQSO: uno\r\nEND-OF-LOG:\r\n"_s));
-    QCOMPARE(p.Leer(u"datos.cbr"_s), QByteArray("Juan\r\nCalle 1\r\n\r\n\r\n\r\n"));
-
-    // A new export starts from its own lines; a missing name stops before any dialog.
-    f.Cargar(u"QSO: dos"_s, u"CQ M"_s, 1, u"LU1AB"_s);
-    f.Text2->clear();
-    d.Limpiar();
-    f.Command1->click();
-    QCOMPARE(d.Textos(), QStringList{u"Falta su Nombre!"_s});
-    QCOMPARE(f.Text8->toPlainText(), u"QSO: dos"_s);
-}
-
-void TestVentanasConcurso::edicion_data()
-{
-    QTest::addColumn<QString>("campo");
-    QTest::addColumn<QString>("valor");
-    QTest::addColumn<QStringList>("mensajes");
-    QTest::newRow("fecha corta y mes")
-        << "Text4"
-        << "2010134"
-        << QStringList{"Error en la fecha, formato DDMMAAAA!", "Error en la fecha, mes 4!"};
-    QTest::newRow("hora 2460") << "Text5"
-                               << "2460"
-                               << QStringList{"Error en la HORA 24!", "Error en los MINUTOS 60!"};
-    QTest::newRow("kHz 999") << "Text3"
-                             << "999" << QStringList{"999 KHz NO ES BANDA DE CONCURSO!"};
-    QTest::newRow("bueno") << "Text4"
-                           << "20101113" << QStringList{};
-}
-
-void TestVentanasConcurso::edicion()
-{
-    Concurso v;
-    v.Paso(u"qso LU2CD"_s);
-    int refrescos = 0;
-    Form7 e(v.p.ctx(), [&] { ++refrescos; });
-    e.Cargar(v.p->almacen().VistaConcurso(u"CQ M"_s).first(), u"CQ M"_s, SerieIncremental());
-    Activa(&e);
-    QFETCH(QString, campo);
-    QLineEdit *c = e.findChild<QLineEdit *>(campo);
-    c->setFocus();
-    QFETCH(QString, valor);
-    c->setText(valor);
-    v.d().Limpiar();
-    QTest::keyClick(c, Qt::Key_Tab);
-    QTEST(v.d().Textos(Tipo::Exclamacion), "mensajes");
-    // Guardar checks nothing again, and the kHz field it never filled blanks the frequency.
-    e.Command1->click();
-    const FilaConcurso f = v.p->almacen().VistaConcurso(u"CQ M"_s).first();
-    QCOMPARE(f.Frecuencia, campo == u"Text3" ? valor : QString());
-    QCOMPARE(campo == u"Text3" ? f.Fecha : c->text(), campo == u"Text3" ? f.Fecha : valor);
-    QCOMPARE(refrescos, 1);
-    // Eliminar answered No only hides the window.
-    Activa(&e);
-    e.Command2->click();
-    QCOMPARE(v.d().Textos(Tipo::PreguntaSiNo), QStringList{u"Elimina el QSO con LU2CD?"_s});
-    QCOMPARE(v.Filas(), 1);
-    QVERIFY(!e.isVisible());
-}
-
-void TestVentanasConcurso::nombreConApostrofo()
-{
-    ContextoPrueba p;
-    p->config().Estacion = u"LU1AB"_s;
-    Form8 elegidor(p.ctx());
-    Form4 f(p.ctx());
-    int exportados = 0;
-    f.abrirEncabezado = [&](const QString &, const QString &nombre, int n, const QString &) {
-        QCOMPARE(nombre, u"O'HIGGINS"_s);
-        exportados = n;
-    };
-    elegidor.abrirConcurso = [&](bool) {
-        f.NuevoConcurso();
+    // A contest's life from the chooser, with an apostrophe in its name: no name does
+    // nothing, a new one opens at once and exports, the same name again is refused, the list
+    // opens it with its log and serial, "Eliminar" takes it away; "Fija" founds a fixed series.
+    void elegidor()
+    {
+        ContextoPrueba p;
+        p->config().Estacion = u"LU1AB"_s;
+        Form8 elegidor(p.ctx());
+        Form4 f(p.ctx());
+        QStringList hechos;
+        f.abrirEncabezado = [&](const QString &, const QString &nombre, int n, const QString &) {
+            hechos << u"Cabrillo %1 %2"_s.arg(nombre).arg(n);
+        };
+        elegidor.abrirConcurso = [&](bool nuevo) {
+            hechos << p->ConcursoNombre + u' ' + p->ConcursoTipo +
+                          (nuevo ? u" nuevo"_s : QString());
+            nuevo ? f.NuevoConcurso() : f.AbrirConcurso();
+            f.show(); // the clock has not ticked yet
+        };
+        const auto Tecleado = [&](const QString &nombre) {
+            elegidor.Llenar(p->almacen().ConcursosConCantidad());
+            Activa(&elegidor);
+            elegidor.Text1->setFocus();
+            QTest::keyClicks(elegidor.Text1, nombre);
+            QTest::keyClick(elegidor.Text1, Qt::Key_Return);
+        };
+        f.Preparar();
+        Tecleado({});
+        Tecleado(u"o'higgins"_s);
         Activa(&f);
-    };
-    f.Preparar();
-    elegidor.Llenar({});
-    Activa(&elegidor);
-    QTest::keyClicks(elegidor.Text1, u"o'higgins"_s);
-    QTest::keyClick(elegidor.Text1, Qt::Key_Return);
-    f.Corresponsal->setText(u"LU2CD"_s);
-    f.RSR->setText(u"1"_s);
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-    f.Command1->click();
-    QCOMPARE(exportados, 1);
-    // Opened again from the chooser's list.
-    f.hide();
-    elegidor.Llenar(p->almacen().ConcursosConCantidad());
-    QCOMPARE(elegidor.ListView1->topLevelItem(0)->text(3), u"1"_s);
-    elegidor.abrirConcurso = [&](bool) {
-        f.AbrirConcurso();
-        f.show();
-    };
-    p->config().DiferUTC = u"-3"_s;
-    elegidor.ListView1_DblClick();
-    QCOMPARE(f.ListView2->topLevelItemCount(), 1);
-    QCOMPARE(f.RSE->text(), u"2"_s);
-    // Opening shows the local time; the clock's tick then puts UTC in its place.
-    QCOMPARE(f.Fecha->text() + u' ' + f.Hora->text(), u"15/05/2024 14:30"_s);
-    f.Timer1_Timer();
-    QCOMPARE(f.Hora->text(), u"17:30"_s);
-    p.falsos.dialogos->respuestasSiNo << true;
-    f.Command3->click();
-    QCOMPARE(p.falsos.dialogos->Textos(Tipo::PreguntaSiNo),
-             QStringList{u"Elimina log O'HIGGINS?"_s});
-    QVERIFY(p->almacen().ConcursosConCantidad().isEmpty());
-    QVERIFY(!f.isVisible());
-}
+        f.Corresponsal->setText(u"LU2CD"_s);
+        f.RSR->setText(u"1"_s);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        f.Command1->click();
+        f.hide();
+        Tecleado(u"o'higgins"_s);
+        QCOMPARE(elegidor.ListView1->topLevelItem(0)->text(3), u"1"_s);
+        p->config().DiferUTC = u"-3"_s;
+        elegidor.ListView1_DblClick();
+        QCOMPARE(f.ListView2->topLevelItemCount(), 1);
+        QCOMPARE(f.RSE->text(), u"2"_s);
+        // Opening shows the local time; the clock's tick then puts UTC in its place.
+        QCOMPARE(f.Fecha->text() + u' ' + f.Hora->text(), u"15/05/2024 14:30"_s);
+        f.Timer1_Timer();
+        QCOMPARE(f.Hora->text(), u"17:30"_s);
+        p.falsos.dialogos->respuestasSiNo << true;
+        f.Command3->click();
+        QVERIFY(!f.isVisible() && p->almacen().ConcursosConCantidad().isEmpty());
+        elegidor.Option2->setChecked(true);
+        Tecleado(u"rd 2024"_s);
+        QCOMPARE(hechos, (QStringList{u"O'HIGGINS Incremental nuevo"_s, u"Cabrillo O'HIGGINS 1"_s,
+                                      u"O'HIGGINS Incremental"_s, u"RD 2024 Fija nuevo"_s}));
+        QCOMPARE(p.falsos.dialogos->Textos(),
+                 (QStringList{u"Ya existe un concurso creado con el nombre O'HIGGINS\r\n\r\n"
+                              u"Elija otro nombre!"_s,
+                              u"Elimina log O'HIGGINS?"_s}));
+    }
+
+    void encabezado()
+    {
+        ContextoPrueba p;
+        Form9 f(p.ctx());
+        Hecho(p->almacen().Abrir(p.Archivo(u"base0.db"_s)));
+        p.Escribir(u"datos.cbr"_s, "Juan\r\nCalle 1\r\n");
+        f.Cargar(u"QSO: uno\r\nEND-OF-LOG:"_s, u"CQ M"_s, 1, u"LU1AB"_s);
+        Activa(&f);
+        QCOMPARE(f.windowTitle(), u"Encabezado de CQ M con 1 QSO(s)"_s);
+        QCOMPARE(f.Text2->text(), u"Juan"_s);
+        QVERIFY(f.Text9->isHidden());
+        f.Combo1->setCurrentText(u"MULTI-OP"_s);
+        Q_EMIT f.Combo1->activated(1);
+        QVERIFY(f.Text9->isVisible());
+
+        DialogosFalso &d = *p.falsos.dialogos;
+        const QString archivo = p.Archivo(u"cq.log"_s);
+        p.Escribir(u"cq.log"_s, "viejo");
+        // First press: cancelled. Second: the file exists, No goes back to the dialog, then
+        // it is overwritten and seen.
+        f.Command1->click();
+        d.archivosGuardar << archivo << archivo;
+        d.respuestasSiNo << false << true << true;
+        f.Command1->click();
+        QCOMPARE(d.Textos(Tipo::GuardarArchivo), QStringList(3, u"ADIF (*.log)"_s));
+        QCOMPARE(d.Textos(Tipo::ExclamacionSiNo),
+                 QStringList{archivo + u"\r\nGuardado!\r\n\r\nDesea verlo?"_s});
+        QCOMPARE(p.falsos.escritorio->abiertos, QStringList{archivo});
+        QVERIFY(!f.isVisible());
+        const QString guardado = QString::fromLatin1(p.Leer(u"cq.log"_s));
+        QCOMPARE(guardado.count(u"START-OF-LOG: 3.0\r\n"_s), 2);
+        QVERIFY(guardado.endsWith(u"\r\nQSO: uno\r\nEND-OF-LOG:\r\n"_s));
+        QCOMPARE(p.Leer(u"datos.cbr"_s), QByteArray("Juan\r\nCalle 1\r\n\r\n\r\n\r\n"));
+
+        // A new export starts from its own lines; a missing name stops before any dialog.
+        f.Cargar(u"QSO: dos"_s, u"CQ M"_s, 1, u"LU1AB"_s);
+        f.Text2->clear();
+        d.Limpiar();
+        f.Command1->click();
+        QCOMPARE(d.Textos(), QStringList{u"Falta su Nombre!"_s});
+        QCOMPARE(f.Text8->toPlainText(), u"QSO: dos"_s);
+    }
+
+    // A field left with a value: its boxes; then "Guardar" saves every field as it stands
+    // (frequency|date|time), the kHz field it never filled blank.
+    void edicion_data()
+    {
+        QTest::addColumn<QString>("campo");
+        QTest::addColumn<QString>("mensajes");
+        QTest::addColumn<QString>("guardado");
+        Fila("fecha corta y mes", "Text4=2010134",
+             "Error en la fecha, formato DDMMAAAA!|Error en la fecha, mes 4!", "|2010134|1430");
+        Fila("hora 2460", "Text5=2460", "Error en la HORA 24!|Error en los MINUTOS 60!",
+             "|20240515|2460");
+        Fila("kHz 999", "Text3=999", "999 KHz NO ES BANDA DE CONCURSO!", "999|20240515|1430");
+    }
+
+    void edicion()
+    {
+        Concurso v;
+        v.Paso(u"qso LU2CD"_s);
+        int refrescos = 0;
+        Form7 e(v.p.ctx(), [&] { ++refrescos; });
+        e.Cargar(v.p->almacen().VistaConcurso(u"CQ M"_s).first(), u"CQ M"_s, SerieIncremental());
+        Activa(&e);
+        QFETCH(QString, campo);
+        QLineEdit *c = e.findChild<QLineEdit *>(campo.section(u'=', 0, 0));
+        c->setFocus();
+        c->setText(campo.section(u'=', 1));
+        v.d().Limpiar();
+        QTest::keyClick(c, Qt::Key_Tab);
+        QTEST(v.d().Textos(Tipo::Exclamacion).join(u'|'), "mensajes");
+        e.Command1->click();
+        const FilaConcurso f = v.p->almacen().VistaConcurso(u"CQ M"_s).first();
+        QTEST(QStringList({f.Frecuencia, f.Fecha, f.Hora}).join(u'|'), "guardado");
+        QCOMPARE(refrescos, 1);
+        // Eliminar answered No only hides the window.
+        Activa(&e);
+        e.Command2->click();
+        QCOMPARE(v.d().Textos(Tipo::PreguntaSiNo), QStringList{u"Elimina el QSO con LU2CD?"_s});
+        QCOMPARE(v.Filas(), 1);
+        QVERIFY(!e.isVisible());
+    }
+};
 
 QTEST_MAIN(TestVentanasConcurso)
 #include "test_ventanas_concurso.moc"

@@ -24,15 +24,9 @@ private Q_SLOTS:
         QTest::addColumn<QString>("senal");
         QTest::addColumn<QString>("pasos");
         QTest::addColumn<QString>("pedidos");
-        QTest::newRow("on y off") << "LU1AAA/P"
-                                  << "on off"
-                                  << "...off ...on / / / /";
-        QTest::newRow("off sin on") << "LU1AAA/P"
-                                    << "off"
-                                    << "...off / /";
-        QTest::newRow("sin señal") << ""
-                                   << "on off"
-                                   << "/ / / /";
+        QTest::newRow("on y off") << u"LU1AAA/P"_s << u"on off"_s << u"...off ...on / / / /"_s;
+        QTest::newRow("off sin on") << u"LU1AAA/P"_s << u"off"_s << u"...off / /"_s;
+        QTest::newRow("sin señal") << QString() << u"on off"_s << u"/ / / /"_s;
     }
 
     void presencia()
