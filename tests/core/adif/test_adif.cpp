@@ -222,9 +222,13 @@ void TestAdif::busqueda_data()
     };
     fila("sin filtros, de la más vieja", {}, {"LU1ABC", "LU2XYZ", "W1AW", "LU5DEF"});
     fila("valor entero", {.corresponsal = u"LU1"_s}, {});
+    // The callsign's pattern bounds a range of its index: the range must fold the case.
+    fila("corresponsal con *", {.corresponsal = u"lu*"_s}, {"LU1ABC", "LU2XYZ", "LU5DEF"});
+    fila("corresponsal con ?", {.corresponsal = u"LU?ABC"_s}, {"LU1ABC"});
     fila("modo con *", {.modo = u"D*"_s}, {"LU5DEF"});
     fila("banda", {.banda = u"20M"_s}, {"LU2XYZ", "W1AW"});
     fila("obs: _ literal", {.observaciones = u"100_"_s}, {});
+    fila("obs: % literal, en el medio", {.observaciones = u"100%"_s}, {"LU1ABC"});
     fila("fechas, ambos días", {.desde = u"10/05/2024"_s, .hasta = u"15/05/2024"_s},
          {"LU2XYZ", "W1AW"});
     fila("satélite", {.satelite = true}, {"W1AW"});
@@ -238,12 +242,13 @@ void TestAdif::busqueda_data()
 
 void TestAdif::busqueda()
 {
-    const QStringList filas = {"Estacion=LU2XYZ;Modo=CW;Banda=20m;Fecha=10/05/2024;LbN=2",
-                               "Estacion=LU1ABC;Obs=it's 100% ok;LbN=1",
-                               "Estacion=W1AW;Modo=FT8;Banda=20m;Sat=AO-7;Fecha=15/05/2024;LbN=0",
-                               "Estacion=LU5DEF;Modo=DVoice;Operador=LU9OP;Fecha=20/05/2024;LbN=0",
-                               "Estacion=LU7ZZZ;Modo=;Fecha=",
-                               "Estacion=LU1ABC;Log=Otro"};
+    const QStringList filas = {
+        "Estacion=LU2XYZ;Modo=CW;Banda=20m;Fecha=10/05/2024;LbN=2",
+        "Estacion=LU1ABC;Obs=it's 100% ok;LbN=1",
+        "Estacion=W1AW;Modo=FT8;Banda=20m;Sat=AO-7;Fecha=15/05/2024;LbN=0;Obs=1000 W",
+        "Estacion=LU5DEF;Modo=DVoice;Operador=LU9OP;Fecha=20/05/2024;LbN=0",
+        "Estacion=LU7ZZZ;Modo=;Fecha=",
+        "Estacion=LU1ABC;Log=Otro"};
     for (const QString &f : filas)
         Hecho(alm_->AgregarQSOImportado(Registro(Fila(f)), Fila(f).NombreLog));
     Hecho(alm_->AgregarLogVacio(u"Log"_s));
