@@ -10,34 +10,22 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The tags of LeerCampos by their text, to compare the one pass with the search of one tag.
-const std::pair<const char *, Campo> kTags[] = {
-    {"<GRIDSQUARE:", Campo::GridSquare},
-    {"<MY_GRIDSQUARE:", Campo::MyGridSquare},
-    {"<QSL_RCVD:", Campo::QslRcvd},
-    {"<STATION_CALLSIGN:", Campo::StationCallsign},
-    {"<CALL:", Campo::Call},
-    {"<QSO_DATE:", Campo::QsoDate},
-    {"<TIME_ON:", Campo::TimeOn},
-    {"<BAND:", Campo::Band},
-    {"<FREQ:", Campo::Freq},
-    {"<RST_SENT:", Campo::RstSent},
-    {"<RST_RCVD:", Campo::RstRcvd},
-    {"<OPERATOR:", Campo::Operator},
-    {"<MODE:", Campo::Mode},
-    {"<PROP_MODE:", Campo::PropMode},
-    {"<COMMENT:", Campo::Comment},
-    {"<SAT_NAME:", Campo::SatName},
-};
+// The tags of LeerCampos by their text, in the order of Campo, to compare the one pass
+// with the search of one tag.
+const char *const kTags[] = {"<GRIDSQUARE:", "<MY_GRIDSQUARE:", "<QSL_RCVD:", "<STATION_CALLSIGN:",
+                             "<CALL:",       "<QSO_DATE:",      "<TIME_ON:",  "<BAND:",
+                             "<FREQ:",       "<RST_SENT:",      "<RST_RCVD:", "<OPERATOR:",
+                             "<MODE:",       "<PROP_MODE:",     "<COMMENT:",  "<SAT_NAME:"};
+static_assert(std::size(kTags) == size_t(Campo::Cantidad));
 
 // Every value found by the one pass is the one the search of its tag finds, and lies
 // inside the line.
 void MismaLectura(QByteArrayView linea, bool utf8)
 {
     const CamposAdif campos = LeerCampos(linea, utf8);
-    for (const auto &[tag, campo] : kTags) {
-        const QByteArrayView v = campos[campo];
-        QCOMPARE(v, ValorTag(linea, tag, utf8));
+    for (size_t i = 0; i < std::size(kTags); ++i) {
+        const QByteArrayView v = campos.valor[i];
+        QCOMPARE(v, ValorTag(linea, kTags[i], utf8));
         if (!v.isEmpty())
             QVERIFY(v.data() >= linea.data() && v.data() + v.size() <= linea.data() + linea.size());
     }
@@ -113,12 +101,9 @@ void TestLectorAdif::bytesAlAzar()
     for (int i = 0; i < 3000; ++i) {
         QByteArray datos;
         const int partes = int(azar.bounded(40));
-        for (int p = 0; p < partes; ++p) {
-            if (azar.bounded(2))
-                datos += piezas[azar.bounded(int(std::size(piezas)))];
-            else
-                datos += char(azar.bounded(256));
-        }
+        for (int p = 0; p < partes; ++p)
+            datos += azar.bounded(2) ? piezas[azar.bounded(int(std::size(piezas)))]
+                                     : QByteArray(1, char(azar.bounded(256)));
         const bool utf8 = EsUtf8(datos);
         for (QByteArrayView linea : LineasAdif(datos)) {
             MismaLectura(linea, utf8);

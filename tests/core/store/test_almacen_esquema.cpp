@@ -1,6 +1,6 @@
 // The layout of the file: each numbered step brings an earlier file up to date with its rows
-// and counts right; a file of a newer version, or one that is not ours, is refused and left
-// as it was; a step that fails is undone whole.
+// and counts right; a step that fails is undone whole; a file of a newer version, or one
+// that is not ours, is refused and left as it was.
 
 #include "AyudaAlmacen.h"
 
@@ -63,10 +63,9 @@ class TestEsquema : public PruebaAlmacen
 private Q_SLOTS:
     void pasos_data();
     void pasos();
-    void versionFutura();
     void pasoFallido();
-    void noEsBaseDeDatos_data();
-    void noEsBaseDeDatos();
+    void rechazada_data();
+    void rechazada();
 
 private:
     QString Ruta() const
@@ -141,26 +140,6 @@ void TestEsquema::pasos()
     QCOMPARE(a.CantidadQSOs(u"DIARIO"_s), 3);
 }
 
-void TestEsquema::versionFutura()
-{
-    Hecho(alm_->AgregarQSO(Qso(u"LU1ABC"_s), u"Diario"_s));
-    alm_->Cerrar();
-    {
-        OtraConexion otra(Archivo());
-        otra(u"PRAGMA user_version=%1"_s.arg(Almacen::kVersionEsquema + 1));
-    }
-    const QByteArray antes = Contenido(Archivo());
-    const QStringList archivosAntes = QDir(dir_->path()).entryList(QDir::Files);
-
-    QCOMPARE(alm_->Abrir(Archivo()).Mensaje(),
-             u"La base de datos %1 es de una versión más nueva de Carancho Radiolog. Instale la "
-             "versión más reciente del programa para abrirla."_s.arg(Ruta()));
-    QVERIFY(!alm_->Abierto());
-    // Not a byte written, not even a journal left beside it.
-    QCOMPARE(Contenido(Archivo()), antes);
-    QCOMPARE(QDir(dir_->path()).entryList(QDir::Files), archivosAntes);
-}
-
 void TestEsquema::pasoFallido()
 {
     // A file of version 1 whose Tabla2 another program turned into a view: the second step
@@ -190,39 +169,54 @@ void TestEsquema::pasoFallido()
     QCOMPARE(Version(otra), u"1"_s);
 }
 
-void TestEsquema::noEsBaseDeDatos_data()
+void TestEsquema::rechazada_data()
 {
+    QTest::addColumn<bool>("nuestra"); // a file of ours with a QSO, or a new one
     QTest::addColumn<QByteArray>("contenido");
-    QTest::addColumn<QString>("tablaAjena");
-    QTest::newRow("texto") << QByteArray("Esto es un texto, no una base.\r\n") << QString();
-    QTest::newRow("binario") << QByteArray(4096, '\xA5') << QString();
+    QTest::addColumn<QString>("sql"); // what another program did to it
+    QTest::addColumn<QString>("mensaje");
+    const QString ajena = u"El archivo %1 no es una base de datos de Carancho Radiolog."_s;
+    const QString tabla = u"CREATE TABLE \"%1\" (codigo INTEGER, nombre TEXT)"_s;
+    QTest::newRow("texto") << false << QByteArray("Esto es un texto, no una base.\r\n") << QString()
+                           << ajena;
+    QTest::newRow("binario") << false << QByteArray(4096, '\xA5') << QString() << ajena;
     QTest::newRow("cabecera rota")
-        << QByteArray("SQLite format 3\0", 16) + QByteArray(200, '\x01') << QString();
-    QTest::newRow("base de otro programa") << QByteArray() << u"Clientes"_s;
-    QTest::newRow("Tabla1 ajena") << QByteArray() << u"Tabla1"_s;
+        << false << QByteArray("SQLite format 3\0", 16) + QByteArray(200, '\x01') << QString()
+        << ajena;
+    QTest::newRow("base de otro programa")
+        << false << QByteArray() << tabla.arg(u"Clientes"_s) << ajena;
+    QTest::newRow("Tabla1 ajena") << false << QByteArray() << tabla.arg(u"Tabla1"_s) << ajena;
+    QTest::newRow("versión más nueva")
+        << true << QByteArray() << u"PRAGMA user_version=%1"_s.arg(Almacen::kVersionEsquema + 1)
+        << u"La base de datos %1 es de una versión más nueva de Carancho Radiolog. Instale la "
+           "versión más reciente del programa para abrirla."_s;
 }
 
-void TestEsquema::noEsBaseDeDatos()
+void TestEsquema::rechazada()
 {
     QFETCH(QByteArray, contenido);
-    QFETCH(QString, tablaAjena);
+    QFETCH(QString, sql);
+    QFETCH(QString, mensaje);
+    Hecho(alm_->AgregarQSO(Qso(u"LU1ABC"_s), u"Diario"_s));
     alm_->Cerrar();
-    QFile::remove(Archivo());
-    if (tablaAjena.isEmpty()) {
+    QFETCH(bool, nuestra);
+    if (!nuestra)
+        QFile::remove(Archivo());
+    if (!contenido.isEmpty()) {
         QFile f(Archivo());
-        QVERIFY(f.open(QIODevice::WriteOnly));
-        f.write(contenido);
-    } else {
-        OtraConexion ajena(Archivo());
-        ajena(u"CREATE TABLE \"%1\" (codigo INTEGER, nombre TEXT)"_s.arg(tablaAjena));
-        ajena(u"INSERT INTO \"%1\" VALUES (1, 'uno')"_s.arg(tablaAjena));
+        QVERIFY(f.open(QIODevice::WriteOnly) && f.write(contenido) == contenido.size());
+    }
+    if (!sql.isEmpty()) {
+        OtraConexion otra(Archivo());
+        otra(sql);
+        if (!nuestra)
+            otra(u"INSERT INTO %1 VALUES (1, 'uno')"_s.arg(sql.section(u' ', 2, 2)));
     }
     const QByteArray antes = Contenido(Archivo());
     const QStringList archivosAntes = QDir(dir_->path()).entryList(QDir::Files);
 
     Almacen otro;
-    QCOMPARE(otro.Abrir(Archivo()).Mensaje(),
-             u"El archivo %1 no es una base de datos de Carancho Radiolog."_s.arg(Ruta()));
+    QCOMPARE(otro.Abrir(Archivo()).Mensaje(), mensaje.arg(Ruta()));
     QVERIFY(!otro.Abierto());
     QVERIFY(otro.Logs().isEmpty());
     // Not a byte written, not even a journal beside it.
