@@ -171,23 +171,22 @@ void TestEsquema::pasoFallido()
 
 void TestEsquema::rechazada_data()
 {
-    QTest::addColumn<bool>("nuestra"); // a file of ours with a QSO, or a new one
     QTest::addColumn<QByteArray>("contenido");
-    QTest::addColumn<QString>("sql"); // what another program did to it
+    QTest::addColumn<QString>("sql"); // statements run on the file, ';' between them
     QTest::addColumn<QString>("mensaje");
-    const QString ajena = u"El archivo %1 no es una base de datos de Carancho Radiolog."_s;
-    const QString tabla = u"CREATE TABLE \"%1\" (codigo INTEGER, nombre TEXT)"_s;
-    QTest::newRow("texto") << false << QByteArray("Esto es un texto, no una base.\r\n") << QString()
-                           << ajena;
-    QTest::newRow("binario") << false << QByteArray(4096, '\xA5') << QString() << ajena;
-    QTest::newRow("cabecera rota")
-        << false << QByteArray("SQLite format 3\0", 16) + QByteArray(200, '\x01') << QString()
-        << ajena;
-    QTest::newRow("base de otro programa")
-        << false << QByteArray() << tabla.arg(u"Clientes"_s) << ajena;
-    QTest::newRow("Tabla1 ajena") << false << QByteArray() << tabla.arg(u"Tabla1"_s) << ajena;
+    const auto ajena = [](const char *nombre, const QByteArray &contenido, const QString &tabla) {
+        QTest::newRow(nombre) << contenido
+                              << u"CREATE TABLE \"%1\" (codigo INTEGER, nombre TEXT);INSERT INTO "
+                                 "\"%1\" VALUES (1, 'uno')"_s.arg(tabla)
+                              << u"El archivo %1 no es una base de datos de Carancho Radiolog."_s;
+    };
+    ajena("texto", "Esto es un texto, no una base.\r\n", {});
+    ajena("binario", QByteArray(4096, '\xA5'), {});
+    ajena("cabecera rota", QByteArray("SQLite format 3\0", 16) + QByteArray(200, '\x01'), {});
+    ajena("base de otro programa", {}, u"Clientes"_s);
+    ajena("Tabla1 ajena", {}, u"Tabla1"_s);
     QTest::newRow("versión más nueva")
-        << true << QByteArray() << u"PRAGMA user_version=%1"_s.arg(Almacen::kVersionEsquema + 1)
+        << QByteArray() << u"PRAGMA user_version=%1"_s.arg(Almacen::kVersionEsquema + 1)
         << u"La base de datos %1 es de una versión más nueva de Carancho Radiolog. Instale la "
            "versión más reciente del programa para abrirla."_s;
 }
@@ -197,20 +196,18 @@ void TestEsquema::rechazada()
     QFETCH(QByteArray, contenido);
     QFETCH(QString, sql);
     QFETCH(QString, mensaje);
+    // Our file with a QSO, of a later version; or another program's file in its place.
     Hecho(alm_->AgregarQSO(Qso(u"LU1ABC"_s), u"Diario"_s));
     alm_->Cerrar();
-    QFETCH(bool, nuestra);
-    if (!nuestra)
+    if (!sql.startsWith(u"PRAGMA"))
         QFile::remove(Archivo());
     if (!contenido.isEmpty()) {
         QFile f(Archivo());
         QVERIFY(f.open(QIODevice::WriteOnly) && f.write(contenido) == contenido.size());
-    }
-    if (!sql.isEmpty()) {
+    } else {
         OtraConexion otra(Archivo());
-        otra(sql);
-        if (!nuestra)
-            otra(u"INSERT INTO %1 VALUES (1, 'uno')"_s.arg(sql.section(u' ', 2, 2)));
+        for (const QString &s : sql.split(u';'))
+            otra(s);
     }
     const QByteArray antes = Contenido(Archivo());
     const QStringList archivosAntes = QDir(dir_->path()).entryList(QDir::Files);

@@ -13,7 +13,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
-#include <QFile>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -70,12 +69,6 @@ struct Busqueda
     ContextoPrueba p;
     std::unique_ptr<Form6> f;
 };
-
-QByteArray Leer(const QString &archivo)
-{
-    QFile f(archivo);
-    return !archivo.isEmpty() && f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
 
 } // namespace
 
@@ -149,7 +142,7 @@ void TestForm6::exportar()
     QCOMPARE(vistas, llamadas);
 
     QFETCH(QByteArray, calls);
-    const QByteArray texto = Leer(ruta);
+    const QByteArray texto = b.p.Leer(archivo + u".adi"_s);
     if (calls == "-") {
         QVERIFY(!texto.contains("<EOH>"));
         QCOMPARE(b.p->UsarComentarioComoQslmsg, respuestas.first());

@@ -7,7 +7,6 @@
 #include "support/ContextoPrueba.h"
 #include "support/Hecho.h"
 
-#include <QFile>
 #include <QFileInfo>
 #include <QLabel>
 #include <QProgressBar>
@@ -16,16 +15,6 @@
 
 using Tipo = LlamadaDialogo::Tipo;
 using namespace Qt::StringLiterals;
-
-namespace {
-
-QByteArray Leer(const QString &archivo)
-{
-    QFile f(archivo);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
-} // namespace
 
 class TestRespaldo : public QObject
 {
@@ -72,7 +61,7 @@ void TestRespaldo::hacerAdif()
     ContextoPrueba p;
     for (const char *log : {"Uno", "Dos", "Dos"}) {
         RegistroQSO q;
-        q.Estacion = u"LU5XX"_s, q.Modo = u"SSB"_s, q.MyCall = u"LU1AAA"_s;
+        q.Estacion = u"LU5XX"_s, q.Modo = u"SSB"_s, q.MyCall = u"LU1AAA"_s,
         q.Fecha = u"01/05/2024"_s;
         Hecho(p->almacen().AgregarQSO(q, QString::fromLatin1(log)));
     }
@@ -84,7 +73,7 @@ void TestRespaldo::hacerAdif()
     const QString archivo = p.Archivo(u"todo.adi"_s);
     p.falsos.dialogos->archivosGuardar.enqueue(archivo);
     f.Command1->click();
-    const QByteArray texto = Leer(archivo);
+    const QByteArray texto = p.Leer(u"todo.adi"_s);
     QCOMPARE(texto.count("<LOG_NAME:3>Dos<EOR>"), 2);
     QCOMPARE(texto.count("<LOG_NAME:3>Uno<EOR>"), 1);
     QCOMPARE(f.ProgressBar1->value(), 3);
@@ -139,7 +128,7 @@ void TestRespaldo::concurso()
         if (m.contains(u"%1"_s))
             m = m.arg(archivo);
     QCOMPARE(p.falsos.dialogos->Textos(), mensajes);
-    const QByteArray texto = Leer(archivo);
+    const QByteArray texto = p.Leer(u"copa.adi"_s);
     QTEST(texto.isEmpty() ? -1 : int(texto.count("<EOR>")), "registros");
     QVERIFY(!texto.contains("<EOF>"));
 }
