@@ -83,189 +83,182 @@ class TestAdif : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void perfiles_data();
-    void perfiles();
-    void archivoQueNoSePuedeEscribir();
-    void busqueda_data();
-    void busqueda();
-    void respaldoDeLaBase();
+    void init()
+    {
+        alm_ = std::make_unique<Almacen>();
+        QFile::remove(dir_.filePath(u"base0.db"_s));
+        Hecho(alm_->Abrir(dir_.filePath(u"base0.db"_s)));
+    }
+
+    void perfiles_data()
+    {
+        QTest::addColumn<QString>("perfil"); // its row name's first word
+        QTest::addColumn<QStringList>("filas");
+        QTest::addColumn<QByteArray>("registros"); // header and <EOF> aside
+        const auto fila = [](const char *nombre, const QStringList &filas, const QByteArray &r) {
+            QTest::newRow(nombre) << QString::fromUtf8(nombre).section(u':', 0, 0) << filas << r;
+        };
+        const QByteArray b = kComun + "<MODE:3>SSB" + kDespues; // SSB, as every case starts
+        fila("búsqueda: DVoice, satélite, operador con blanco final",
+             {"Modo=DVoice;Sat=AO-7;Operador=LU2BB ;MiGrid=   "},
+             kComun + "<MODE:12>DIGITALVOICE" + kDespues +
+                 "<PROP_MODE:3>SAT<SAT_NAME:4>AO-7<OPERATOR:6>LU2BB <EOR>\r\n");
+        fila(
+            "búsqueda con QSLMSG: comentario, grillas detrás",
+            {"Obs=hello;MiGrid=GF05;SuGrid= FF78", "Operador=  "},
+            b + "<COMMENT:5>hello<QSLMSG:5>hello<MY_GRIDSQUARE:4>GF05<GRIDSQUARE:5> FF78<EOR>\r\n" +
+                b + "<EOR>\r\n");
+        fila("búsqueda con QSLMSG: observación en blanco la da sola", {"Obs=  "},
+             b + "<QSLMSG:2>  <EOR>\r\n");
+        fila("búsqueda: acento y emoji cuentan bytes", {"Estacion=LU5ÑA;Obs=Muñoz 📻"},
+             "<STATION_CALLSIGN:6>LU1AAA<CALL:6>LU5ÑA<MODE:3>SSB" + kDespues +
+                 "<COMMENT:11>Muñoz 📻<EOR>\r\n");
+        // Placeholders never go out; the log's name always does.
+        fila("respaldo: estados de LbN y nombre del log",
+             {"LbN=0;Modo=DVoice;Log=Log d'Oro", "LbN=2", "LbN=1", "LbN=", "MyCall="},
+             kComun + "<MODE:6>DVoice" + kDespues + "<QSL_RCVD:1>N<LOG_NAME:9>Log d'Oro<EOR>\r\n" +
+                 b + "<QSL_RCVD:1>Y<LOG_NAME:3>Log<EOR>\r\n" + b + "<LOG_NAME:3>Log<EOR>\r\n" + b +
+                 "<LOG_NAME:3>Log<EOR>\r\n");
+        fila("respaldo: satélite, comentario y grillas",
+             {"Sat=AO-7;Obs=hola ;Operador=LU2BB;SuGrid=FF78"},
+             b + "<PROP_MODE:3>SAT<SAT_NAME:4>AO-7<OPERATOR:5>LU2BB<COMMENT:5>hola "
+                 "<GRIDSQUARE:4>FF78<LOG_NAME:3>Log<EOR>\r\n");
+        // The first band is not of a contest: no frequency yet. 17 m keeps the one before.
+        const QByteArray c = "<STATION_CALLSIGN:6>LU1AAA<CALL:5>LU5XX<QSO_DATE:8>20240501"
+                             "<TIME_ON:4>1020";
+        fila("concurso: reportes del modo, frecuencia de la banda",
+             {"Banda=30m;Modo=CW", "Banda=2m;Modo=FM", "Banda=17m;Modo=SSB", "Modo="},
+             c + "<MODE:2>CW<FREQ:0><RST_SENT:3>599<RST_RCVD:3>599<EOR>\r\n" + c +
+                 "<MODE:2>FM<FREQ:7>144.000<RST_SENT:3>599<RST_RCVD:3>599<EOR>\r\n" + c +
+                 "<MODE:3>SSB<FREQ:7>144.000<RST_SENT:2>59<RST_RCVD:2>59<EOR>\r\n");
+        fila("concurso cortado: otra señal detiene, lo anterior queda",
+             {"Modo=SSB", "MyCall=LU9ZZZ", "Modo=CW"},
+             c + "<MODE:3>SSB<FREQ:5>7.000<RST_SENT:2>59<RST_RCVD:2>59<EOR>\r\n");
+    }
+
+    void perfiles()
+    {
+        QFETCH(QString, perfil);
+        QFETCH(QStringList, filas);
+        QFETCH(QByteArray, registros);
+        const QString archivo = dir_.filePath(u"salida.adi"_s);
+        QVector<FilaConcurso> concurso;
+        for (const QString &f : filas) {
+            const auto [q, log] = Qso(f);
+            Hecho(alm_->AgregarQSOImportado(q, log));
+            concurso << Concurso(q);
+        }
+        QByteArray fin = "<EOF>\r\n";
+        if (perfil.startsWith(u"búsqueda")) {
+            const QVector<FilaQSO> lista = alm_->LogCompletoAscendente(u"Log"_s);
+            Hecho(ExportBusqueda(archivo, lista, perfil.endsWith(u"QSLMSG"), kOrigen));
+        } else if (perfil == u"respaldo") {
+            Hecho(alm_->AgregarLogVacio(u"Vacío"_s));
+            QCOMPARE(Hecho(ExportRespaldo(*alm_, archivo, kOrigen)), registros.count("<EOR>"));
+        } else {
+            // Stopped at another callsign: what came before stays, with no <EOF>.
+            QCOMPARE(Hecho(ExportConcurso(archivo, concurso, u"LU1AAA"_s, kOrigen)),
+                     perfil == u"concurso");
+            fin.clear();
+        }
+        QCOMPARE(Leer(archivo), kCabecera + registros + fin);
+    }
+
+    void archivoQueNoSePuedeEscribir()
+    {
+        // A folder by the file's name: nothing can take its place, and the folder stays.
+        const QString archivo = dir_.filePath(u"ocupado.adi"_s);
+        QVERIFY(QDir().mkpath(archivo));
+        const Resultado<> r = ExportBusqueda(archivo, {FilaQSO{}}, false, kOrigen);
+        QVERIFY(!r);
+        QVERIFY2(r.Mensaje().startsWith(u"No se pudo guardar el archivo "_s + archivo),
+                 qPrintable(r.Mensaje()));
+        QVERIFY(QFileInfo(archivo).isDir());
+    }
+
+    void busqueda_data()
+    {
+        QTest::addColumn<FiltrosBusqueda>("filtros");
+        QTest::addColumn<QStringList>("esperadas");
+        using F = FiltrosBusqueda;
+        const auto fila = [](const char *nombre, const F &f, const QStringList &esperadas) {
+            QTest::newRow(nombre) << f << esperadas;
+        };
+        fila("sin filtros, de la más vieja", {}, {"LU1ABC", "LU2XYZ", "W1AW", "LU5DEF"});
+        fila("valor entero", {.corresponsal = u"LU1"_s}, {});
+        // The callsign's pattern bounds a range of its index: the range must fold the case.
+        fila("corresponsal con *", {.corresponsal = u"lu*"_s}, {"LU1ABC", "LU2XYZ", "LU5DEF"});
+        fila("corresponsal con ?", {.corresponsal = u"LU?ABC"_s}, {"LU1ABC"});
+        fila("modo con *", {.modo = u"D*"_s}, {"LU5DEF"});
+        fila("banda", {.banda = u"20M"_s}, {"LU2XYZ", "W1AW"});
+        fila("obs: _ literal", {.observaciones = u"100_"_s}, {});
+        fila("obs: % literal, en el medio", {.observaciones = u"100%"_s}, {"LU1ABC"});
+        fila("fechas, ambos días", {.desde = u"10/05/2024"_s, .hasta = u"15/05/2024"_s},
+             {"LU2XYZ", "W1AW"});
+        fila("satélite", {.satelite = true}, {"W1AW"});
+        fila("argentinos, todos", {.soloArgentinos = true}, {"LU1ABC", "LU2XYZ", "LU5DEF"});
+        fila("argentinos, confirmados: los de estado 1",
+             {.soloArgentinos = true, .lbn = OpcionLbN::Confirmados}, {"LU1ABC"});
+        fila("argentinos, no subidos", {.soloArgentinos = true, .lbn = OpcionLbN::NoSubidos},
+             {"LU5DEF"});
+        fila("fecha mala", {.desde = u"31/02/2024"_s}, {"Error en el formato de fecha!"});
+    }
+
+    void busqueda()
+    {
+        const QStringList filas = {
+            "Estacion=LU2XYZ;Modo=CW;Banda=20m;Fecha=10/05/2024;LbN=2",
+            "Estacion=LU1ABC;Obs=it's 100% ok;LbN=1",
+            "Estacion=W1AW;Modo=FT8;Banda=20m;Sat=AO-7;Fecha=15/05/2024;LbN=0;Obs=1000 W",
+            "Estacion=LU5DEF;Modo=DVoice;Operador=LU9OP;Fecha=20/05/2024;LbN=0",
+            "Estacion=LU7ZZZ;Modo=;Fecha=",
+            "Estacion=LU1ABC;Log=Otro"};
+        for (const QString &f : filas) {
+            const auto [q, log] = Qso(f);
+            Hecho(alm_->AgregarQSOImportado(q, log));
+        }
+        Hecho(alm_->AgregarLogVacio(u"Log"_s));
+        QFETCH(FiltrosBusqueda, filtros);
+        const Resultado<QVector<FilaQSO>> r = BuscarQSOsFiltrados(*alm_, u"Log"_s, filtros);
+        QTEST(r ? Estaciones(*r) : QStringList{r.Mensaje()}, "esperadas");
+    }
+
+    void respaldoDeLaBase()
+    {
+        for (int i = 0; i < 50; ++i)
+            Hecho(alm_->AgregarQSO(Qso(u"Estacion=LU%1AA"_s.arg(i)).first, u"Log"_s));
+        const QDate hoy(2024, 5, 15);
+        const QString copia = dir_.filePath(u"base0_15_05_24.db"_s);
+        QCOMPARE(ArchivoRespaldo(dir_.path(), hoy), copia);
+
+        // Another connection holds a write open meanwhile: the copy has what was confirmed.
+        Almacen otra;
+        Hecho(otra.Abrir(alm_->Archivo()));
+        Hecho(otra.IniciarTransaccion());
+        Hecho(otra.AgregarQSO(Qso({}).first, u"Log"_s));
+        QCOMPARE(Hecho(RespaldarBase(*alm_, dir_.path(), hoy)), copia);
+        Hecho(otra.ConfirmarTransaccion());
+        QCOMPARE(FilasEn(copia), 50);
+
+        // A second copy on the same day takes the place of the first.
+        QCOMPARE(Hecho(RespaldarBase(*alm_, dir_.path(), hoy)), copia);
+        QCOMPARE(FilasEn(copia), 51);
+
+        // A copy that cannot be written leaves the day's copy as it was.
+        Hecho(alm_->AgregarQSO(Qso({}).first, u"Log"_s));
+        QVERIFY(QDir().mkpath(copia + u".tmp"_s));
+        const Resultado<QString> r = RespaldarBase(*alm_, dir_.path(), hoy);
+        QVERIFY(!r);
+        QVERIFY2(r.Mensaje().startsWith(u"Operation Failed\r\n\r\n"_s), qPrintable(r.Mensaje()));
+        QCOMPARE(FilasEn(copia), 51);
+        QCOMPARE(QDir(dir_.path()).entryList({u"base0_*"_s}),
+                 QStringList({u"base0_15_05_24.db"_s, u"base0_15_05_24.db.tmp"_s}));
+    }
 
 private:
     QTemporaryDir dir_;
     std::unique_ptr<Almacen> alm_;
 };
-
-void TestAdif::init()
-{
-    alm_ = std::make_unique<Almacen>();
-    QFile::remove(dir_.filePath(u"base0.db"_s));
-    Hecho(alm_->Abrir(dir_.filePath(u"base0.db"_s)));
-}
-
-void TestAdif::perfiles_data()
-{
-    QTest::addColumn<QString>("perfil"); // its row name's first word
-    QTest::addColumn<QStringList>("filas");
-    QTest::addColumn<QByteArray>("registros"); // header and <EOF> aside
-    const auto fila = [](const char *nombre, const QStringList &filas, const QByteArray &r) {
-        QTest::newRow(nombre) << QString::fromUtf8(nombre).section(u':', 0, 0) << filas << r;
-    };
-    const QByteArray b = kComun + "<MODE:3>SSB" + kDespues; // SSB, as every case starts
-    fila("búsqueda: DVoice, satélite, operador con blanco final",
-         {"Modo=DVoice;Sat=AO-7;Operador=LU2BB ;MiGrid=   "},
-         kComun + "<MODE:12>DIGITALVOICE" + kDespues +
-             "<PROP_MODE:3>SAT<SAT_NAME:4>AO-7<OPERATOR:6>LU2BB <EOR>\r\n");
-    fila("búsqueda con QSLMSG: comentario, grillas detrás",
-         {"Obs=hello;MiGrid=GF05;SuGrid= FF78", "Operador=  "},
-         b + "<COMMENT:5>hello<QSLMSG:5>hello<MY_GRIDSQUARE:4>GF05<GRIDSQUARE:5> FF78<EOR>\r\n" +
-             b + "<EOR>\r\n");
-    fila("búsqueda con QSLMSG: observación en blanco la da sola", {"Obs=  "},
-         b + "<QSLMSG:2>  <EOR>\r\n");
-    fila("búsqueda: acento y emoji cuentan bytes", {"Estacion=LU5ÑA;Obs=Muñoz 📻"},
-         "<STATION_CALLSIGN:6>LU1AAA<CALL:6>LU5ÑA<MODE:3>SSB" + kDespues +
-             "<COMMENT:11>Muñoz 📻<EOR>\r\n");
-    // Placeholders never go out; the log's name always does.
-    fila("respaldo: estados de LbN y nombre del log",
-         {"LbN=0;Modo=DVoice;Log=Log d'Oro", "LbN=2", "LbN=1", "LbN=", "MyCall="},
-         kComun + "<MODE:6>DVoice" + kDespues + "<QSL_RCVD:1>N<LOG_NAME:9>Log d'Oro<EOR>\r\n" + b +
-             "<QSL_RCVD:1>Y<LOG_NAME:3>Log<EOR>\r\n" + b + "<LOG_NAME:3>Log<EOR>\r\n" + b +
-             "<LOG_NAME:3>Log<EOR>\r\n");
-    fila("respaldo: satélite, comentario y grillas",
-         {"Sat=AO-7;Obs=hola ;Operador=LU2BB;SuGrid=FF78"},
-         b + "<PROP_MODE:3>SAT<SAT_NAME:4>AO-7<OPERATOR:5>LU2BB<COMMENT:5>hola "
-             "<GRIDSQUARE:4>FF78<LOG_NAME:3>Log<EOR>\r\n");
-    // The first band is not of a contest: no frequency yet. 17 m keeps the one before.
-    const QByteArray c = "<STATION_CALLSIGN:6>LU1AAA<CALL:5>LU5XX<QSO_DATE:8>20240501"
-                         "<TIME_ON:4>1020";
-    fila("concurso: reportes del modo, frecuencia de la banda",
-         {"Banda=30m;Modo=CW", "Banda=2m;Modo=FM", "Banda=17m;Modo=SSB", "Modo="},
-         c + "<MODE:2>CW<FREQ:0><RST_SENT:3>599<RST_RCVD:3>599<EOR>\r\n" + c +
-             "<MODE:2>FM<FREQ:7>144.000<RST_SENT:3>599<RST_RCVD:3>599<EOR>\r\n" + c +
-             "<MODE:3>SSB<FREQ:7>144.000<RST_SENT:2>59<RST_RCVD:2>59<EOR>\r\n");
-    fila("concurso cortado: otra señal detiene, lo anterior queda",
-         {"Modo=SSB", "MyCall=LU9ZZZ", "Modo=CW"},
-         c + "<MODE:3>SSB<FREQ:5>7.000<RST_SENT:2>59<RST_RCVD:2>59<EOR>\r\n");
-}
-
-void TestAdif::perfiles()
-{
-    QFETCH(QString, perfil);
-    QFETCH(QStringList, filas);
-    QFETCH(QByteArray, registros);
-    const QString archivo = dir_.filePath(u"salida.adi"_s);
-    QVector<FilaConcurso> concurso;
-    for (const QString &f : filas) {
-        const auto [q, log] = Qso(f);
-        Hecho(alm_->AgregarQSOImportado(q, log));
-        concurso << Concurso(q);
-    }
-    QByteArray fin = "<EOF>\r\n";
-    if (perfil.startsWith(u"búsqueda")) {
-        const QVector<FilaQSO> lista = alm_->LogCompletoAscendente(u"Log"_s);
-        Hecho(ExportBusqueda(archivo, lista, perfil.endsWith(u"QSLMSG"), kOrigen));
-    } else if (perfil == u"respaldo") {
-        Hecho(alm_->AgregarLogVacio(u"Vacío"_s));
-        QCOMPARE(Hecho(ExportRespaldo(*alm_, archivo, kOrigen)), registros.count("<EOR>"));
-    } else {
-        // Stopped at another callsign: what came before stays, with no <EOF>.
-        QCOMPARE(Hecho(ExportConcurso(archivo, concurso, u"LU1AAA"_s, kOrigen)),
-                 perfil == u"concurso");
-        fin.clear();
-    }
-    QCOMPARE(Leer(archivo), kCabecera + registros + fin);
-}
-
-void TestAdif::archivoQueNoSePuedeEscribir()
-{
-    // A folder by the file's name: nothing can take its place, and the folder stays.
-    const QString archivo = dir_.filePath(u"ocupado.adi"_s);
-    QVERIFY(QDir().mkpath(archivo));
-    const Resultado<> r = ExportBusqueda(archivo, {FilaQSO{}}, false, kOrigen);
-    QVERIFY(!r);
-    QVERIFY2(r.Mensaje().startsWith(u"No se pudo guardar el archivo "_s + archivo),
-             qPrintable(r.Mensaje()));
-    QVERIFY(QFileInfo(archivo).isDir());
-}
-
-void TestAdif::busqueda_data()
-{
-    QTest::addColumn<FiltrosBusqueda>("filtros");
-    QTest::addColumn<QStringList>("esperadas");
-    using F = FiltrosBusqueda;
-    const auto fila = [](const char *nombre, const F &f, const QStringList &esperadas) {
-        QTest::newRow(nombre) << f << esperadas;
-    };
-    fila("sin filtros, de la más vieja", {}, {"LU1ABC", "LU2XYZ", "W1AW", "LU5DEF"});
-    fila("valor entero", {.corresponsal = u"LU1"_s}, {});
-    // The callsign's pattern bounds a range of its index: the range must fold the case.
-    fila("corresponsal con *", {.corresponsal = u"lu*"_s}, {"LU1ABC", "LU2XYZ", "LU5DEF"});
-    fila("corresponsal con ?", {.corresponsal = u"LU?ABC"_s}, {"LU1ABC"});
-    fila("modo con *", {.modo = u"D*"_s}, {"LU5DEF"});
-    fila("banda", {.banda = u"20M"_s}, {"LU2XYZ", "W1AW"});
-    fila("obs: _ literal", {.observaciones = u"100_"_s}, {});
-    fila("obs: % literal, en el medio", {.observaciones = u"100%"_s}, {"LU1ABC"});
-    fila("fechas, ambos días", {.desde = u"10/05/2024"_s, .hasta = u"15/05/2024"_s},
-         {"LU2XYZ", "W1AW"});
-    fila("satélite", {.satelite = true}, {"W1AW"});
-    fila("argentinos, todos", {.soloArgentinos = true}, {"LU1ABC", "LU2XYZ", "LU5DEF"});
-    fila("argentinos, confirmados: los de estado 1",
-         {.soloArgentinos = true, .lbn = OpcionLbN::Confirmados}, {"LU1ABC"});
-    fila("argentinos, no subidos", {.soloArgentinos = true, .lbn = OpcionLbN::NoSubidos},
-         {"LU5DEF"});
-    fila("fecha mala", {.desde = u"31/02/2024"_s}, {"Error en el formato de fecha!"});
-}
-
-void TestAdif::busqueda()
-{
-    const QStringList filas = {
-        "Estacion=LU2XYZ;Modo=CW;Banda=20m;Fecha=10/05/2024;LbN=2",
-        "Estacion=LU1ABC;Obs=it's 100% ok;LbN=1",
-        "Estacion=W1AW;Modo=FT8;Banda=20m;Sat=AO-7;Fecha=15/05/2024;LbN=0;Obs=1000 W",
-        "Estacion=LU5DEF;Modo=DVoice;Operador=LU9OP;Fecha=20/05/2024;LbN=0",
-        "Estacion=LU7ZZZ;Modo=;Fecha=",
-        "Estacion=LU1ABC;Log=Otro"};
-    for (const QString &f : filas) {
-        const auto [q, log] = Qso(f);
-        Hecho(alm_->AgregarQSOImportado(q, log));
-    }
-    Hecho(alm_->AgregarLogVacio(u"Log"_s));
-    QFETCH(FiltrosBusqueda, filtros);
-    const Resultado<QVector<FilaQSO>> r = BuscarQSOsFiltrados(*alm_, u"Log"_s, filtros);
-    QTEST(r ? Estaciones(*r) : QStringList{r.Mensaje()}, "esperadas");
-}
-
-void TestAdif::respaldoDeLaBase()
-{
-    for (int i = 0; i < 50; ++i)
-        Hecho(alm_->AgregarQSO(Qso(u"Estacion=LU%1AA"_s.arg(i)).first, u"Log"_s));
-    const QDate hoy(2024, 5, 15);
-    const QString copia = dir_.filePath(u"base0_15_05_24.db"_s);
-    QCOMPARE(ArchivoRespaldo(dir_.path(), hoy), copia);
-
-    // Another connection holds a write open meanwhile: the copy has what was confirmed.
-    Almacen otra;
-    Hecho(otra.Abrir(alm_->Archivo()));
-    Hecho(otra.IniciarTransaccion());
-    Hecho(otra.AgregarQSO(Qso({}).first, u"Log"_s));
-    QCOMPARE(Hecho(RespaldarBase(*alm_, dir_.path(), hoy)), copia);
-    Hecho(otra.ConfirmarTransaccion());
-    QCOMPARE(FilasEn(copia), 50);
-
-    // A second copy on the same day takes the place of the first.
-    QCOMPARE(Hecho(RespaldarBase(*alm_, dir_.path(), hoy)), copia);
-    QCOMPARE(FilasEn(copia), 51);
-
-    // A copy that cannot be written leaves the day's copy as it was.
-    Hecho(alm_->AgregarQSO(Qso({}).first, u"Log"_s));
-    QVERIFY(QDir().mkpath(copia + u".tmp"_s));
-    const Resultado<QString> r = RespaldarBase(*alm_, dir_.path(), hoy);
-    QVERIFY(!r);
-    QVERIFY2(r.Mensaje().startsWith(u"Operation Failed\r\n\r\n"_s), qPrintable(r.Mensaje()));
-    QCOMPARE(FilasEn(copia), 51);
-    QCOMPARE(QDir(dir_.path()).entryList({u"base0_*"_s}),
-             QStringList({u"base0_15_05_24.db"_s, u"base0_15_05_24.db.tmp"_s}));
-}
 
 QTEST_GUILESS_MAIN(TestAdif)
 #include "test_adif.moc"
