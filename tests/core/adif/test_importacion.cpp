@@ -105,9 +105,8 @@ private Q_SLOTS:
         QFETCH(int, qsos);
         QFETCH(QString, copia);
         Prueba t;
-        QVERIFY(QFile::copy(QStringLiteral(RADIOLOG_DATOS_ADIF) + u'/' + archivo,
-                            t.p.Archivo(archivo)));
         const QString ruta = t.p.Archivo(archivo);
+        QVERIFY(QFile::copy(QStringLiteral(RADIOLOG_DATOS_ADIF) + u'/' + archivo, ruta));
         const Importacion::Medida m = t.Medir(ruta);
         QTEST(m.programa, "programa");
         QTEST(m.lineas, "lineas");
@@ -121,8 +120,7 @@ private Q_SLOTS:
             return;
         }
         // Every record of these files is whole: all of them come in, none twice.
-        const Importacion::Procesado r = t.imp.Procesar({}, Log);
-        QCOMPARE(Resumen(r), u"%1 nuevos, 0 duplicados "_s.arg(qsos));
+        QCOMPARE(Resumen(t.imp.Procesar({}, Log)), u"%1 nuevos, 0 duplicados "_s.arg(qsos));
         QCOMPARE(t.imp.Cargar(false, Log).cargados, qsos);
         QCOMPARE(t.p->almacen().CantidadQSOs(Log), qsos);
     }

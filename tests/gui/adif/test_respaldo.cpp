@@ -33,10 +33,7 @@ private Q_SLOTS:
         QFETCH(qint64, total);
         ContextoPrueba p;
         Form15 f(p.ctx());
-        LogsParaRespaldo logs;
-        logs.logs = {{u"A"_s, total - 1}, {u"B"_s, 1}};
-        logs.total = total;
-        f.Llenar(logs);
+        f.Llenar({{{u"A"_s, total - 1}, {u"B"_s, 1}}, total});
         f.show();
         QTest::qWait(50);
         f.Form_Activate(); // a second activation warns no more
