@@ -5,8 +5,6 @@
 #include "AyudaAlmacen.h"
 #include "core/rules/Senales.h"
 
-#include <QDir>
-#include <QFileInfo>
 #include <QTest>
 #include <functional>
 

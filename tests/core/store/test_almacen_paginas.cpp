@@ -5,7 +5,6 @@
 #include "support/Semilla.h"
 
 #include <QRandomGenerator>
-#include <QSet>
 #include <QTest>
 #include <algorithm>
 
