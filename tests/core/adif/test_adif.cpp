@@ -4,11 +4,10 @@
 #include "core/adif/ExportacionAdif.h"
 #include "core/adif/Respaldo.h"
 #include "core/store/Almacen.h"
+#include "support/ContextoPrueba.h"
 #include "support/Hecho.h"
 
 #include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -56,12 +55,6 @@ FilaConcurso Concurso(const RegistroQSO &q)
     return c;
 }
 
-QByteArray Leer(const QString &archivo)
-{
-    QFile f(archivo);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
 QStringList Estaciones(const QVector<FilaQSO> &filas)
 {
     QStringList e;
@@ -83,13 +76,6 @@ class TestAdif : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init()
-    {
-        alm_ = std::make_unique<Almacen>();
-        QFile::remove(dir_.filePath(u"base0.db"_s));
-        Hecho(alm_->Abrir(dir_.filePath(u"base0.db"_s)));
-    }
-
     void perfiles_data()
     {
         QTest::addColumn<QString>("perfil"); // its row name's first word
@@ -138,36 +124,39 @@ private Q_SLOTS:
 
     void perfiles()
     {
+        ContextoPrueba p;
         QFETCH(QString, perfil);
         QFETCH(QStringList, filas);
         QFETCH(QByteArray, registros);
-        const QString archivo = dir_.filePath(u"salida.adi"_s);
+        const QString archivo = p.Archivo(u"salida.adi"_s);
         QVector<FilaConcurso> concurso;
         for (const QString &f : filas) {
             const auto [q, log] = Qso(f);
-            Hecho(alm_->AgregarQSOImportado(q, log));
+            Hecho(p->almacen().AgregarQSOImportado(q, log));
             concurso << Concurso(q);
         }
         QByteArray fin = "<EOF>\r\n";
         if (perfil.startsWith(u"búsqueda")) {
-            const QVector<FilaQSO> lista = alm_->LogCompletoAscendente(u"Log"_s);
+            const QVector<FilaQSO> lista = p->almacen().LogCompletoAscendente(u"Log"_s);
             Hecho(ExportBusqueda(archivo, lista, perfil.endsWith(u"QSLMSG"), kOrigen));
         } else if (perfil == u"respaldo") {
-            Hecho(alm_->AgregarLogVacio(u"Vacío"_s));
-            QCOMPARE(Hecho(ExportRespaldo(*alm_, archivo, kOrigen)), registros.count("<EOR>"));
+            Hecho(p->almacen().AgregarLogVacio(u"Vacío"_s));
+            QCOMPARE(Hecho(ExportRespaldo(p->almacen(), archivo, kOrigen)),
+                     registros.count("<EOR>"));
         } else {
             // Stopped at another callsign: what came before stays, with no <EOF>.
             QCOMPARE(Hecho(ExportConcurso(archivo, concurso, u"LU1AAA"_s, kOrigen)),
                      perfil == u"concurso");
             fin.clear();
         }
-        QCOMPARE(Leer(archivo), kCabecera + registros + fin);
+        QCOMPARE(p.Leer(u"salida.adi"_s), kCabecera + registros + fin);
     }
 
     void archivoQueNoSePuedeEscribir()
     {
+        ContextoPrueba p;
         // A folder by the file's name: nothing can take its place, and the folder stays.
-        const QString archivo = dir_.filePath(u"ocupado.adi"_s);
+        const QString archivo = p.Archivo(u"ocupado.adi"_s);
         QVERIFY(QDir().mkpath(archivo));
         const Resultado<> r = ExportBusqueda(archivo, {FilaQSO{}}, false, kOrigen);
         QVERIFY(!r);
@@ -206,6 +195,7 @@ private Q_SLOTS:
 
     void busqueda()
     {
+        ContextoPrueba p;
         const QStringList filas = {
             "Estacion=LU2XYZ;Modo=CW;Banda=20m;Fecha=10/05/2024;LbN=2",
             "Estacion=LU1ABC;Obs=it's 100% ok;LbN=1",
@@ -215,49 +205,46 @@ private Q_SLOTS:
             "Estacion=LU1ABC;Log=Otro"};
         for (const QString &f : filas) {
             const auto [q, log] = Qso(f);
-            Hecho(alm_->AgregarQSOImportado(q, log));
+            Hecho(p->almacen().AgregarQSOImportado(q, log));
         }
-        Hecho(alm_->AgregarLogVacio(u"Log"_s));
+        Hecho(p->almacen().AgregarLogVacio(u"Log"_s));
         QFETCH(FiltrosBusqueda, filtros);
-        const Resultado<QVector<FilaQSO>> r = BuscarQSOsFiltrados(*alm_, u"Log"_s, filtros);
+        const Resultado<QVector<FilaQSO>> r = BuscarQSOsFiltrados(p->almacen(), u"Log"_s, filtros);
         QTEST(r ? Estaciones(*r) : QStringList{r.Mensaje()}, "esperadas");
     }
 
     void respaldoDeLaBase()
     {
+        ContextoPrueba p;
         for (int i = 0; i < 50; ++i)
-            Hecho(alm_->AgregarQSO(Qso(u"Estacion=LU%1AA"_s.arg(i)).first, u"Log"_s));
+            Hecho(p->almacen().AgregarQSO(Qso(u"Estacion=LU%1AA"_s.arg(i)).first, u"Log"_s));
         const QDate hoy(2024, 5, 15);
-        const QString copia = dir_.filePath(u"base0_15_05_24.db"_s);
-        QCOMPARE(ArchivoRespaldo(dir_.path(), hoy), copia);
+        const QString copia = p.Archivo(u"base0_15_05_24.db"_s);
+        QCOMPARE(ArchivoRespaldo(p.Carpeta(), hoy), copia);
 
         // Another connection holds a write open meanwhile: the copy has what was confirmed.
         Almacen otra;
-        Hecho(otra.Abrir(alm_->Archivo()));
+        Hecho(otra.Abrir(p->almacen().Archivo()));
         Hecho(otra.IniciarTransaccion());
         Hecho(otra.AgregarQSO(Qso({}).first, u"Log"_s));
-        QCOMPARE(Hecho(RespaldarBase(*alm_, dir_.path(), hoy)), copia);
+        QCOMPARE(Hecho(RespaldarBase(p->almacen(), p.Carpeta(), hoy)), copia);
         Hecho(otra.ConfirmarTransaccion());
         QCOMPARE(FilasEn(copia), 50);
 
         // A second copy on the same day takes the place of the first.
-        QCOMPARE(Hecho(RespaldarBase(*alm_, dir_.path(), hoy)), copia);
+        QCOMPARE(Hecho(RespaldarBase(p->almacen(), p.Carpeta(), hoy)), copia);
         QCOMPARE(FilasEn(copia), 51);
 
         // A copy that cannot be written leaves the day's copy as it was.
-        Hecho(alm_->AgregarQSO(Qso({}).first, u"Log"_s));
+        Hecho(p->almacen().AgregarQSO(Qso({}).first, u"Log"_s));
         QVERIFY(QDir().mkpath(copia + u".tmp"_s));
-        const Resultado<QString> r = RespaldarBase(*alm_, dir_.path(), hoy);
+        const Resultado<QString> r = RespaldarBase(p->almacen(), p.Carpeta(), hoy);
         QVERIFY(!r);
         QVERIFY2(r.Mensaje().startsWith(u"Operation Failed\r\n\r\n"_s), qPrintable(r.Mensaje()));
         QCOMPARE(FilasEn(copia), 51);
-        QCOMPARE(QDir(dir_.path()).entryList({u"base0_*"_s}),
+        QCOMPARE(QDir(p.Carpeta()).entryList({u"base0_*"_s}),
                  QStringList({u"base0_15_05_24.db"_s, u"base0_15_05_24.db.tmp"_s}));
     }
-
-private:
-    QTemporaryDir dir_;
-    std::unique_ptr<Almacen> alm_;
 };
 
 QTEST_GUILESS_MAIN(TestAdif)

@@ -35,7 +35,6 @@ struct Ventana
         d().archivosAbrir.enqueue(p.Archivo(u"log.adi"_s));
     }
     DialogosFalso &d() { return *p.falsos.dialogos; }
-    BombaFalsa &bomba() { return *p.falsos.bomba; }
     QStringList Lista2() const
     {
         QStringList l;
@@ -109,8 +108,7 @@ private Q_SLOTS:
         viejo.Banda = u"40m"_s, viejo.Fecha = u"15/03/2024"_s, viejo.Hora = u"12:05:00"_s;
         const qint64 id = Hecho(v.p->almacen().AgregarQSO(viejo, Log));
         v.f.Command1->click();
-        QCOMPARE(v.f.Label9->text(), u"2"_s);
-        QCOMPARE(v.f.Label10->text(), u"1"_s);
+        QCOMPARE(v.f.Label9->text() + u'/' + v.f.Label10->text(), u"2/1"_s); // new/duplicates
 
         v.d().Limpiar();
         v.d().respuestasSiNo.enqueue(true);
@@ -160,7 +158,7 @@ private Q_SLOTS:
         v.d().respuestasSiNo.enqueue(si);
         if (cargando)
             v.f.Command1->click();
-        v.bomba().alBombear = accion;
+        v.p.falsos.bomba->alBombear = accion;
         (cargando ? v.f.Command3 : v.f.Command1)->click();
         QCOMPARE(v.d().Textos(Tipo::PreguntaSiNo), QStringList{u"Cancela el proceso?"_s});
         QTEST(v.Espera(), "espera");

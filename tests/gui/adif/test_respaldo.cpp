@@ -57,8 +57,7 @@ private Q_SLOTS:
         }
         Form15 f(p.ctx());
         f.Llenar(LeerLogsParaRespaldo(p->almacen()));
-        QCOMPARE(f.Label1->text(), u"2"_s);
-        QCOMPARE(f.Label2->text(), u"3"_s);
+        QCOMPARE(f.Label1->text() + u'/' + f.Label2->text(), u"2/3"_s); // logs/QSOs
         f.show();
         const QString archivo = p.Archivo(u"todo.adi"_s);
         p.falsos.dialogos->archivosGuardar.enqueue(archivo);
