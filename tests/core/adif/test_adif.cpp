@@ -4,11 +4,10 @@
 #include "core/adif/ExportacionAdif.h"
 #include "core/adif/Respaldo.h"
 #include "core/store/Almacen.h"
+#include "support/ContextoPrueba.h"
 #include "support/Hecho.h"
 
 #include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -26,52 +25,34 @@ const QByteArray kComun = "<STATION_CALLSIGN:6>LU1AAA<CALL:5>LU5XX";
 const QByteArray kDespues =
     "<BAND:3>40m<FREQ:5>7.150<QSO_DATE:8>20240501<TIME_ON:4>1020<RST_SENT:2>59<RST_RCVD:2>57";
 
-// A row from "Campo=valor" changes to a plain SSB QSO of LU1AAA with LU5XX.
-FilaQSO Fila(const QString &cambios)
-{
-    FilaQSO f;
-    f.MyCall = u"LU1AAA"_s, f.Estacion = u"LU5XX"_s, f.Modo = u"SSB"_s, f.Banda = u"40m"_s;
-    f.Frecuencia = u"7.150"_s, f.Fecha = u"01/05/2024"_s, f.Hora = u"10:20:00"_s;
-    f.RSE = u"59"_s, f.RSR = u"57"_s, f.NombreLog = u"Log"_s;
-    const std::pair<const char *, QString FilaQSO::*> campos[] = {
-        {"MyCall", &FilaQSO::MyCall},     {"Estacion", &FilaQSO::Estacion},
-        {"Modo", &FilaQSO::Modo},         {"Banda", &FilaQSO::Banda},
-        {"Fecha", &FilaQSO::Fecha},       {"Obs", &FilaQSO::Obs},
-        {"Operador", &FilaQSO::Operador}, {"MiGrid", &FilaQSO::MiGrid},
-        {"SuGrid", &FilaQSO::SuGrid},     {"Sat", &FilaQSO::Nombre_Sat},
-        {"LbN", &FilaQSO::LbN},           {"Log", &FilaQSO::NombreLog}};
-    for (const QString &cambio : cambios.split(u';', Qt::SkipEmptyParts)) {
-        const QString campo = cambio.section(u'=', 0, 0), valor = cambio.section(u'=', 1);
-        for (const auto &[nombre, miembro] : campos)
-            if (campo == QLatin1String(nombre))
-                f.*miembro = valor;
-    }
-    return f;
-}
-
-RegistroQSO Registro(const FilaQSO &f)
+// A plain SSB QSO of LU1AAA with LU5XX, with "Campo=valor" changes, and its log ("Log"
+// unless changed).
+std::pair<RegistroQSO, QString> Qso(const QString &cambios)
 {
     RegistroQSO q;
-    q.Estacion = f.Estacion, q.Banda = f.Banda, q.Modo = f.Modo, q.RSE = f.RSE, q.RSR = f.RSR;
-    q.Fecha = f.Fecha, q.Hora = f.Hora, q.MyCall = f.MyCall, q.Operador = f.Operador;
-    q.Obs = f.Obs, q.Frecuencia = f.Frecuencia, q.MiGrid = f.MiGrid, q.SuGrid = f.SuGrid;
-    q.Nombre_Sat = f.Nombre_Sat, q.LbN = f.LbN;
-    return q;
+    q.MyCall = u"LU1AAA"_s, q.Estacion = u"LU5XX"_s, q.Modo = u"SSB"_s, q.Banda = u"40m"_s;
+    q.Frecuencia = u"7.150"_s, q.Fecha = u"01/05/2024"_s, q.Hora = u"10:20:00"_s;
+    q.RSE = u"59"_s, q.RSR = u"57"_s;
+    QString log = u"Log"_s;
+    const std::pair<const char *, QString *> campos[] = {
+        {"MyCall", &q.MyCall},     {"Estacion", &q.Estacion}, {"Modo", &q.Modo},
+        {"Banda", &q.Banda},       {"Fecha", &q.Fecha},       {"Obs", &q.Obs},
+        {"Operador", &q.Operador}, {"MiGrid", &q.MiGrid},     {"SuGrid", &q.SuGrid},
+        {"Sat", &q.Nombre_Sat},    {"LbN", &q.LbN},           {"Log", &log}};
+    for (const QString &cambio : cambios.split(u';', Qt::SkipEmptyParts))
+        for (const auto &[nombre, campo] : campos)
+            if (cambio.section(u'=', 0, 0) == QLatin1String(nombre))
+                *campo = cambio.section(u'=', 1);
+    return {q, log};
 }
 
-FilaConcurso Concurso(const FilaQSO &f)
+FilaConcurso Concurso(const RegistroQSO &q)
 {
     FilaConcurso c;
-    c.MyCall = f.MyCall, c.Estacion = f.Estacion, c.Modo = f.Modo, c.Banda = f.Banda;
+    c.MyCall = q.MyCall, c.Estacion = q.Estacion, c.Modo = q.Modo, c.Banda = q.Banda;
     c.Fecha = u"20240501"_s, c.Hora = u"1020"_s, c.RSE = u"57"_s, c.RSR = u"57"_s;
     c.Frecuencia = u"7100"_s, c.NombreLog = u"Concurso"_s;
     return c;
-}
-
-QByteArray Leer(const QString &archivo)
-{
-    QFile f(archivo);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
 }
 
 QStringList Estaciones(const QVector<FilaQSO> &filas)
@@ -95,194 +76,176 @@ class TestAdif : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void perfiles_data();
-    void perfiles();
-    void archivoQueNoSePuedeEscribir();
-    void busqueda_data();
-    void busqueda();
-    void respaldoDeLaBase();
-
-private:
-    QTemporaryDir dir_;
-    std::unique_ptr<Almacen> alm_;
-};
-
-void TestAdif::init()
-{
-    alm_ = std::make_unique<Almacen>();
-    QFile::remove(dir_.filePath(u"base0.db"_s));
-    Hecho(alm_->Abrir(dir_.filePath(u"base0.db"_s)));
-}
-
-void TestAdif::perfiles_data()
-{
-    QTest::addColumn<QString>("perfil");
-    QTest::addColumn<QStringList>("filas");
-    QTest::addColumn<bool>("qslmsg");
-    QTest::addColumn<QByteArray>("registros"); // header and <EOF> aside
-    QTest::addColumn<bool>("completo");
-    const QByteArray b = kComun + "<MODE:3>SSB" + kDespues; // SSB, as every case starts
-    QTest::newRow("búsqueda: DVoice, satélite, operador con blanco final")
-        << "busqueda" << QStringList{"Modo=DVoice;Sat=AO-7;Operador=LU2BB ;MiGrid=   "} << false
-        << kComun + "<MODE:12>DIGITALVOICE" + kDespues +
-               "<PROP_MODE:3>SAT<SAT_NAME:4>AO-7<OPERATOR:6>LU2BB <EOR>\r\n"
-        << true;
-    QTest::newRow("búsqueda: comentario como QSLMSG, grillas detrás")
-        << "busqueda" << QStringList{"Obs=hello;MiGrid=GF05;SuGrid= FF78", "Operador=  "} << true
-        << b + "<COMMENT:5>hello<QSLMSG:5>hello<MY_GRIDSQUARE:4>GF05<GRIDSQUARE:5> FF78<EOR>\r\n" +
-               b + "<EOR>\r\n"
-        << true;
-    QTest::newRow("búsqueda: observación en blanco da QSLMSG sola")
-        << "busqueda" << QStringList{"Obs=  "} << true << b + "<QSLMSG:2>  <EOR>\r\n"
-        << true;
-    QTest::newRow("búsqueda: acento y emoji cuentan bytes")
-        << "busqueda" << QStringList{"Estacion=LU5ÑA;Obs=Muñoz 📻"} << false
-        << "<STATION_CALLSIGN:6>LU1AAA<CALL:6>LU5ÑA<MODE:3>SSB" + kDespues +
-               "<COMMENT:11>Muñoz 📻<EOR>\r\n"
-        << true;
-    // Placeholders never go out; the log's name always does.
-    QTest::newRow("respaldo: estados de LbN y nombre del log")
-        << "respaldo"
-        << QStringList{"LbN=0;Modo=DVoice;Log=Log d'Oro", "LbN=2", "LbN=1", "LbN=", "MyCall="}
-        << false
-        << kComun + "<MODE:6>DVoice" + kDespues + "<QSL_RCVD:1>N<LOG_NAME:9>Log d'Oro<EOR>\r\n" +
-               b + "<QSL_RCVD:1>Y<LOG_NAME:3>Log<EOR>\r\n" + b + "<LOG_NAME:3>Log<EOR>\r\n" + b +
-               "<LOG_NAME:3>Log<EOR>\r\n"
-        << true;
-    QTest::newRow("respaldo: satélite, comentario y grillas")
-        << "respaldo" << QStringList{"Sat=AO-7;Obs=hola ;Operador=LU2BB;SuGrid=FF78"} << false
-        << b + "<PROP_MODE:3>SAT<SAT_NAME:4>AO-7<OPERATOR:5>LU2BB<COMMENT:5>hola "
-               "<GRIDSQUARE:4>FF78<LOG_NAME:3>Log<EOR>\r\n"
-        << true;
-    // The first band is not of a contest: no frequency yet. 17 m keeps the one before.
-    const QByteArray c = "<STATION_CALLSIGN:6>LU1AAA<CALL:5>LU5XX<QSO_DATE:8>20240501"
-                         "<TIME_ON:4>1020";
-    QTest::newRow("concurso: reportes del modo, frecuencia de la banda")
-        << "concurso"
-        << QStringList{"Banda=30m;Modo=CW", "Banda=2m;Modo=FM", "Banda=17m;Modo=SSB", "Modo="}
-        << false
-        << c + "<MODE:2>CW<FREQ:0><RST_SENT:3>599<RST_RCVD:3>599<EOR>\r\n" + c +
-               "<MODE:2>FM<FREQ:7>144.000<RST_SENT:3>599<RST_RCVD:3>599<EOR>\r\n" + c +
-               "<MODE:3>SSB<FREQ:7>144.000<RST_SENT:2>59<RST_RCVD:2>59<EOR>\r\n"
-        << true;
-    QTest::newRow("concurso: otra señal detiene, lo anterior queda")
-        << "concurso" << QStringList{"Modo=SSB", "MyCall=LU9ZZZ", "Modo=CW"} << false
-        << c + "<MODE:3>SSB<FREQ:5>7.000<RST_SENT:2>59<RST_RCVD:2>59<EOR>\r\n"
-        << false;
-}
-
-void TestAdif::perfiles()
-{
-    QFETCH(QString, perfil);
-    QFETCH(QStringList, filas);
-    QFETCH(bool, qslmsg);
-    QFETCH(QByteArray, registros);
-    const QString archivo = dir_.filePath(u"salida.adi"_s);
-    QVector<FilaQSO> lista;
-    for (const QString &f : filas)
-        lista << Fila(f);
-    QByteArray fin = "<EOF>\r\n";
-    if (perfil == u"busqueda") {
-        Hecho(ExportBusqueda(archivo, lista, qslmsg, kOrigen));
-    } else if (perfil == u"respaldo") {
-        for (const FilaQSO &f : lista)
-            Hecho(alm_->AgregarQSOImportado(Registro(f), f.NombreLog));
-        Hecho(alm_->AgregarLogVacio(u"Vacío"_s));
-        QCOMPARE(Hecho(ExportRespaldo(*alm_, archivo, kOrigen)), registros.count("<EOR>"));
-    } else {
-        QVector<FilaConcurso> concurso;
-        for (const FilaQSO &f : lista)
-            concurso << Concurso(f);
-        QTEST(Hecho(ExportConcurso(archivo, concurso, u"LU1AAA"_s, kOrigen)), "completo");
-        fin.clear();
+    void perfiles_data()
+    {
+        QTest::addColumn<QString>("perfil"); // its row name's first word
+        QTest::addColumn<QStringList>("filas");
+        QTest::addColumn<QByteArray>("registros"); // header and <EOF> aside
+        const auto fila = [](const char *nombre, const QStringList &filas, const QByteArray &r) {
+            QTest::newRow(nombre) << QString::fromUtf8(nombre).section(u':', 0, 0) << filas << r;
+        };
+        const QByteArray b = kComun + "<MODE:3>SSB" + kDespues; // SSB, as every case starts
+        fila("búsqueda: DVoice, satélite, operador con blanco final",
+             {"Modo=DVoice;Sat=AO-7;Operador=LU2BB ;MiGrid=   "},
+             kComun + "<MODE:12>DIGITALVOICE" + kDespues +
+                 "<PROP_MODE:3>SAT<SAT_NAME:4>AO-7<OPERATOR:6>LU2BB <EOR>\r\n");
+        fila(
+            "búsqueda con QSLMSG: comentario, grillas detrás",
+            {"Obs=hello;MiGrid=GF05;SuGrid= FF78", "Operador=  "},
+            b + "<COMMENT:5>hello<QSLMSG:5>hello<MY_GRIDSQUARE:4>GF05<GRIDSQUARE:5> FF78<EOR>\r\n" +
+                b + "<EOR>\r\n");
+        fila("búsqueda con QSLMSG: observación en blanco la da sola", {"Obs=  "},
+             b + "<QSLMSG:2>  <EOR>\r\n");
+        fila("búsqueda: acento y emoji cuentan bytes", {"Estacion=LU5ÑA;Obs=Muñoz 📻"},
+             "<STATION_CALLSIGN:6>LU1AAA<CALL:6>LU5ÑA<MODE:3>SSB" + kDespues +
+                 "<COMMENT:11>Muñoz 📻<EOR>\r\n");
+        // Placeholders never go out; the log's name always does.
+        fila("respaldo: estados de LbN y nombre del log",
+             {"LbN=0;Modo=DVoice;Log=Log d'Oro", "LbN=2", "LbN=1", "LbN=", "MyCall="},
+             kComun + "<MODE:6>DVoice" + kDespues + "<QSL_RCVD:1>N<LOG_NAME:9>Log d'Oro<EOR>\r\n" +
+                 b + "<QSL_RCVD:1>Y<LOG_NAME:3>Log<EOR>\r\n" + b + "<LOG_NAME:3>Log<EOR>\r\n" + b +
+                 "<LOG_NAME:3>Log<EOR>\r\n");
+        fila("respaldo: satélite, comentario y grillas",
+             {"Sat=AO-7;Obs=hola ;Operador=LU2BB;SuGrid=FF78"},
+             b + "<PROP_MODE:3>SAT<SAT_NAME:4>AO-7<OPERATOR:5>LU2BB<COMMENT:5>hola "
+                 "<GRIDSQUARE:4>FF78<LOG_NAME:3>Log<EOR>\r\n");
+        // The first band is not of a contest: no frequency yet. 17 m keeps the one before.
+        const QByteArray c = "<STATION_CALLSIGN:6>LU1AAA<CALL:5>LU5XX<QSO_DATE:8>20240501"
+                             "<TIME_ON:4>1020";
+        fila("concurso: reportes del modo, frecuencia de la banda",
+             {"Banda=30m;Modo=CW", "Banda=2m;Modo=FM", "Banda=17m;Modo=SSB", "Modo="},
+             c + "<MODE:2>CW<FREQ:0><RST_SENT:3>599<RST_RCVD:3>599<EOR>\r\n" + c +
+                 "<MODE:2>FM<FREQ:7>144.000<RST_SENT:3>599<RST_RCVD:3>599<EOR>\r\n" + c +
+                 "<MODE:3>SSB<FREQ:7>144.000<RST_SENT:2>59<RST_RCVD:2>59<EOR>\r\n");
+        fila("concurso cortado: otra señal detiene, lo anterior queda",
+             {"Modo=SSB", "MyCall=LU9ZZZ", "Modo=CW"},
+             c + "<MODE:3>SSB<FREQ:5>7.000<RST_SENT:2>59<RST_RCVD:2>59<EOR>\r\n");
     }
-    QCOMPARE(Leer(archivo), kCabecera + registros + fin);
-}
 
-void TestAdif::archivoQueNoSePuedeEscribir()
-{
-    // A folder by the file's name: nothing can take its place, and the folder stays.
-    const QString archivo = dir_.filePath(u"ocupado.adi"_s);
-    QVERIFY(QDir().mkpath(archivo));
-    const Resultado<> r = ExportBusqueda(archivo, {Fila({})}, false, kOrigen);
-    QVERIFY(!r);
-    QVERIFY2(r.Mensaje().startsWith(u"No se pudo guardar el archivo "_s + archivo),
-             qPrintable(r.Mensaje()));
-    QVERIFY(QFileInfo(archivo).isDir());
-}
+    void perfiles()
+    {
+        ContextoPrueba p;
+        QFETCH(QString, perfil);
+        QFETCH(QStringList, filas);
+        QFETCH(QByteArray, registros);
+        const QString archivo = p.Archivo(u"salida.adi"_s);
+        QVector<FilaConcurso> concurso;
+        for (const QString &f : filas) {
+            const auto [q, log] = Qso(f);
+            Hecho(p->almacen().AgregarQSOImportado(q, log));
+            concurso << Concurso(q);
+        }
+        QByteArray fin = "<EOF>\r\n";
+        if (perfil.startsWith(u"búsqueda")) {
+            const QVector<FilaQSO> lista = p->almacen().LogCompletoAscendente(u"Log"_s);
+            Hecho(ExportBusqueda(archivo, lista, perfil.endsWith(u"QSLMSG"), kOrigen));
+        } else if (perfil == u"respaldo") {
+            Hecho(p->almacen().AgregarLogVacio(u"Vacío"_s));
+            QCOMPARE(Hecho(ExportRespaldo(p->almacen(), archivo, kOrigen)),
+                     registros.count("<EOR>"));
+        } else {
+            // Stopped at another callsign: what came before stays, with no <EOF>.
+            QCOMPARE(Hecho(ExportConcurso(archivo, concurso, u"LU1AAA"_s, kOrigen)),
+                     perfil == u"concurso");
+            fin.clear();
+        }
+        QCOMPARE(p.Leer(u"salida.adi"_s), kCabecera + registros + fin);
+    }
 
-void TestAdif::busqueda_data()
-{
-    QTest::addColumn<FiltrosBusqueda>("filtros");
-    QTest::addColumn<QStringList>("esperadas");
-    using F = FiltrosBusqueda;
-    const auto fila = [](const char *nombre, const F &f, const QStringList &esperadas) {
-        QTest::newRow(nombre) << f << esperadas;
-    };
-    fila("sin filtros, de la más vieja", {}, {"LU1ABC", "LU2XYZ", "W1AW", "LU5DEF"});
-    fila("valor entero", {.corresponsal = u"LU1"_s}, {});
-    fila("modo con *", {.modo = u"D*"_s}, {"LU5DEF"});
-    fila("banda", {.banda = u"20M"_s}, {"LU2XYZ", "W1AW"});
-    fila("obs: _ literal", {.observaciones = u"100_"_s}, {});
-    fila("fechas, ambos días", {.desde = u"10/05/2024"_s, .hasta = u"15/05/2024"_s},
-         {"LU2XYZ", "W1AW"});
-    fila("satélite", {.satelite = true}, {"W1AW"});
-    fila("argentinos, todos", {.soloArgentinos = true}, {"LU1ABC", "LU2XYZ", "LU5DEF"});
-    fila("argentinos, confirmados: los de estado 1",
-         {.soloArgentinos = true, .lbn = OpcionLbN::Confirmados}, {"LU1ABC"});
-    fila("argentinos, no subidos", {.soloArgentinos = true, .lbn = OpcionLbN::NoSubidos},
-         {"LU5DEF"});
-    fila("fecha mala", {.desde = u"31/02/2024"_s}, {"Error en el formato de fecha!"});
-}
+    void archivoQueNoSePuedeEscribir()
+    {
+        ContextoPrueba p;
+        // A folder by the file's name: nothing can take its place, and the folder stays.
+        const QString archivo = p.Archivo(u"ocupado.adi"_s);
+        QVERIFY(QDir().mkpath(archivo));
+        const Resultado<> r = ExportBusqueda(archivo, {FilaQSO{}}, false, kOrigen);
+        QVERIFY(!r);
+        QVERIFY2(r.Mensaje().startsWith(u"No se pudo guardar el archivo "_s + archivo),
+                 qPrintable(r.Mensaje()));
+        QVERIFY(QFileInfo(archivo).isDir());
+    }
 
-void TestAdif::busqueda()
-{
-    const QStringList filas = {"Estacion=LU2XYZ;Modo=CW;Banda=20m;Fecha=10/05/2024;LbN=2",
-                               "Estacion=LU1ABC;Obs=it's 100% ok;LbN=1",
-                               "Estacion=W1AW;Modo=FT8;Banda=20m;Sat=AO-7;Fecha=15/05/2024;LbN=0",
-                               "Estacion=LU5DEF;Modo=DVoice;Operador=LU9OP;Fecha=20/05/2024;LbN=0",
-                               "Estacion=LU7ZZZ;Modo=;Fecha=",
-                               "Estacion=LU1ABC;Log=Otro"};
-    for (const QString &f : filas)
-        Hecho(alm_->AgregarQSOImportado(Registro(Fila(f)), Fila(f).NombreLog));
-    Hecho(alm_->AgregarLogVacio(u"Log"_s));
-    QFETCH(FiltrosBusqueda, filtros);
-    const Resultado<QVector<qint64>> r = BuscarQSOsFiltrados(*alm_, u"Log"_s, filtros);
-    QTEST(r ? Estaciones(alm_->QSOsPorIds(*r)) : QStringList{r.Mensaje()}, "esperadas");
-}
+    void busqueda_data()
+    {
+        QTest::addColumn<FiltrosBusqueda>("filtros");
+        QTest::addColumn<QStringList>("esperadas");
+        using F = FiltrosBusqueda;
+        const auto fila = [](const char *nombre, const F &f, const QStringList &esperadas) {
+            QTest::newRow(nombre) << f << esperadas;
+        };
+        fila("sin filtros, de la más vieja", {}, {"LU1ABC", "LU2XYZ", "W1AW", "LU5DEF"});
+        fila("valor entero", {.corresponsal = u"LU1"_s}, {});
+        // The callsign's pattern bounds a range of its index: the range must fold the case.
+        fila("corresponsal con *", {.corresponsal = u"lu*"_s}, {"LU1ABC", "LU2XYZ", "LU5DEF"});
+        fila("corresponsal con ?", {.corresponsal = u"LU?ABC"_s}, {"LU1ABC"});
+        fila("modo con *", {.modo = u"D*"_s}, {"LU5DEF"});
+        fila("banda", {.banda = u"20M"_s}, {"LU2XYZ", "W1AW"});
+        fila("obs: _ literal", {.observaciones = u"100_"_s}, {});
+        fila("obs: % literal, en el medio", {.observaciones = u"100%"_s}, {"LU1ABC"});
+        fila("fechas, ambos días", {.desde = u"10/05/2024"_s, .hasta = u"15/05/2024"_s},
+             {"LU2XYZ", "W1AW"});
+        fila("satélite", {.satelite = true}, {"W1AW"});
+        fila("argentinos, todos", {.soloArgentinos = true}, {"LU1ABC", "LU2XYZ", "LU5DEF"});
+        fila("argentinos, confirmados: los de estado 1",
+             {.soloArgentinos = true, .lbn = OpcionLbN::Confirmados}, {"LU1ABC"});
+        fila("argentinos, no subidos", {.soloArgentinos = true, .lbn = OpcionLbN::NoSubidos},
+             {"LU5DEF"});
+        fila("fecha mala", {.desde = u"31/02/2024"_s}, {"Error en el formato de fecha!"});
+    }
 
-void TestAdif::respaldoDeLaBase()
-{
-    for (int i = 0; i < 50; ++i)
-        Hecho(alm_->AgregarQSO(Registro(Fila(u"Estacion=LU%1AA"_s.arg(i))), u"Log"_s));
-    const QDate hoy(2024, 5, 15);
-    const QString copia = dir_.filePath(u"base0_15_05_24.db"_s);
-    QCOMPARE(ArchivoRespaldo(dir_.path(), hoy), copia);
+    void busqueda()
+    {
+        ContextoPrueba p;
+        const QStringList filas = {
+            "Estacion=LU2XYZ;Modo=CW;Banda=20m;Fecha=10/05/2024;LbN=2",
+            "Estacion=LU1ABC;Obs=it's 100% ok;LbN=1",
+            "Estacion=W1AW;Modo=FT8;Banda=20m;Sat=AO-7;Fecha=15/05/2024;LbN=0;Obs=1000 W",
+            "Estacion=LU5DEF;Modo=DVoice;Operador=LU9OP;Fecha=20/05/2024;LbN=0",
+            "Estacion=LU7ZZZ;Modo=;Fecha=",
+            "Estacion=LU1ABC;Log=Otro"};
+        for (const QString &f : filas) {
+            const auto [q, log] = Qso(f);
+            Hecho(p->almacen().AgregarQSOImportado(q, log));
+        }
+        Hecho(p->almacen().AgregarLogVacio(u"Log"_s));
+        QFETCH(FiltrosBusqueda, filtros);
+        const Resultado<QVector<qint64>> r = BuscarQSOsFiltrados(p->almacen(), u"Log"_s, filtros);
+        QTEST(r ? Estaciones(p->almacen().QSOsPorIds(*r)) : QStringList{r.Mensaje()}, "esperadas");
+    }
 
-    // Another connection holds a write open meanwhile: the copy has what was confirmed.
-    Almacen otra;
-    Hecho(otra.Abrir(alm_->Archivo()));
-    Hecho(otra.IniciarTransaccion());
-    Hecho(otra.AgregarQSO(Registro(Fila({})), u"Log"_s));
-    QCOMPARE(Hecho(RespaldarBase(*alm_, dir_.path(), hoy)), copia);
-    Hecho(otra.ConfirmarTransaccion());
-    QCOMPARE(FilasEn(copia), 50);
+    void respaldoDeLaBase()
+    {
+        ContextoPrueba p;
+        for (int i = 0; i < 50; ++i)
+            Hecho(p->almacen().AgregarQSO(Qso(u"Estacion=LU%1AA"_s.arg(i)).first, u"Log"_s));
+        const QDate hoy(2024, 5, 15);
+        const QString copia = p.Archivo(u"base0_15_05_24.db"_s);
+        QCOMPARE(ArchivoRespaldo(p.Carpeta(), hoy), copia);
 
-    // A second copy on the same day takes the place of the first.
-    QCOMPARE(Hecho(RespaldarBase(*alm_, dir_.path(), hoy)), copia);
-    QCOMPARE(FilasEn(copia), 51);
+        // Another connection holds a write open meanwhile: the copy has what was confirmed.
+        Almacen otra;
+        Hecho(otra.Abrir(p->almacen().Archivo()));
+        Hecho(otra.IniciarTransaccion());
+        Hecho(otra.AgregarQSO(Qso({}).first, u"Log"_s));
+        QCOMPARE(Hecho(RespaldarBase(p->almacen(), p.Carpeta(), hoy)), copia);
+        Hecho(otra.ConfirmarTransaccion());
+        QCOMPARE(FilasEn(copia), 50);
 
-    // A copy that cannot be written leaves the day's copy as it was.
-    Hecho(alm_->AgregarQSO(Registro(Fila({})), u"Log"_s));
-    QVERIFY(QDir().mkpath(copia + u".tmp"_s));
-    const Resultado<QString> r = RespaldarBase(*alm_, dir_.path(), hoy);
-    QVERIFY(!r);
-    QVERIFY2(r.Mensaje().startsWith(u"Operation Failed\r\n\r\n"_s), qPrintable(r.Mensaje()));
-    QCOMPARE(FilasEn(copia), 51);
-    QCOMPARE(QDir(dir_.path()).entryList({u"base0_*"_s}),
-             QStringList({u"base0_15_05_24.db"_s, u"base0_15_05_24.db.tmp"_s}));
-}
+        // A second copy on the same day takes the place of the first.
+        QCOMPARE(Hecho(RespaldarBase(p->almacen(), p.Carpeta(), hoy)), copia);
+        QCOMPARE(FilasEn(copia), 51);
+
+        // A copy that cannot be written leaves the day's copy as it was.
+        Hecho(p->almacen().AgregarQSO(Qso({}).first, u"Log"_s));
+        QVERIFY(QDir().mkpath(copia + u".tmp"_s));
+        const Resultado<QString> r = RespaldarBase(p->almacen(), p.Carpeta(), hoy);
+        QVERIFY(!r);
+        QVERIFY2(r.Mensaje().startsWith(u"Operation Failed\r\n\r\n"_s), qPrintable(r.Mensaje()));
+        QCOMPARE(FilasEn(copia), 51);
+        QCOMPARE(QDir(p.Carpeta()).entryList({u"base0_*"_s}),
+                 QStringList({u"base0_15_05_24.db"_s, u"base0_15_05_24.db.tmp"_s}));
+    }
+};
 
 QTEST_GUILESS_MAIN(TestAdif)
 #include "test_adif.moc"

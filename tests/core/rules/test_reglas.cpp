@@ -11,7 +11,6 @@
 #include <QHash>
 #include <QLocale>
 #include <QTest>
-#include <QTimeZone>
 #include <ctime>
 #include <functional>
 

@@ -20,15 +20,9 @@ inline RegistroQSO Qso(const QString &estacion, const QString &fecha = QStringLi
                        const QString &hora = QStringLiteral("10:00:00"))
 {
     RegistroQSO q;
-    q.Estacion = estacion;
-    q.Banda = QStringLiteral("40m");
-    q.Modo = QStringLiteral("SSB");
-    q.RSE = QStringLiteral("59");
-    q.RSR = QStringLiteral("57");
-    q.Fecha = fecha;
-    q.Hora = hora;
-    q.MyCall = QStringLiteral("LU9DCE");
-    q.Operador = QStringLiteral("Juan");
+    q.Estacion = estacion, q.Fecha = fecha, q.Hora = hora, q.Banda = QStringLiteral("40m");
+    q.Modo = QStringLiteral("SSB"), q.RSE = QStringLiteral("59"), q.RSR = QStringLiteral("57");
+    q.MyCall = QStringLiteral("LU9DCE"), q.Operador = QStringLiteral("Juan");
     q.Frecuencia = QStringLiteral("7.150");
     return q;
 }

@@ -5,8 +5,6 @@
 #include "AyudaAlmacen.h"
 #include "core/rules/Senales.h"
 
-#include <QDir>
-#include <QFileInfo>
 #include <QTest>
 #include <functional>
 
@@ -17,286 +15,204 @@ class TestAlmacen : public PruebaAlmacen
     Q_OBJECT
 
 private Q_SLOTS:
-    void logsYFilasVacias();
-    void idaYVuelta_data();
-    void idaYVuelta();
-    void operacionesDeAlta();
-    void comodines_data();
-    void comodines();
-    void historial();
-    void fallaConMensaje_data();
-    void fallaConMensaje();
-};
+    void logsYFilasVacias()
+    {
+        Almacen &a = *alm_;
+        QVERIFY(a.AgregarLogVacio(u"Log inicial"_s));
+        QVERIFY(a.AgregarLogVacio(u"concurso"_s));
+        Hecho(a.AgregarQSO(Qso(u"LU1ABC"_s, u"01/05/2020"_s), u"Concurso"_s));
+        Hecho(a.AgregarQSO(Qso(u"LU2XYZ"_s, u"02/05/2020"_s), u"CONCURSO"_s));
+        Hecho(a.AgregarQSO(Qso(u"CX1AA"_s), u"Base 1"_s));
 
-void TestAlmacen::logsYFilasVacias()
-{
-    Almacen &a = *alm_;
-    QVERIFY(a.AgregarLogVacio(u"Log inicial"_s));
-    QVERIFY(a.AgregarLogVacio(u"concurso"_s));
-    Hecho(a.AgregarQSO(Qso(u"LU1ABC"_s, u"01/05/2020"_s), u"Concurso"_s));
-    Hecho(a.AgregarQSO(Qso(u"LU2XYZ"_s, u"02/05/2020"_s), u"CONCURSO"_s));
-    Hecho(a.AgregarQSO(Qso(u"CX1AA"_s), u"Base 1"_s));
+        // Names compare without regard to case, and the list is in that order.
+        QCOMPARE(a.Logs(), (QStringList{u"Base 1"_s, u"concurso"_s, u"Log inicial"_s}));
+        QCOMPARE(a.LogsConCantidad(),
+                 (Cantidades{{u"Base 1"_s, 1}, {u"concurso"_s, 2}, {u"Log inicial"_s, 0}}));
+        QCOMPARE(a.CantidadQSOs(u"LOG INICIAL"_s), 0);
+        QCOMPARE(a.CantidadQSOs(u"Concurso"_s), 2);
+        QCOMPARE(a.CantidadQSOs(u"no existe"_s), 0);
 
-    // Names compare without regard to case, and the list is in that order.
-    QCOMPARE(a.Logs(), (QStringList{u"Base 1"_s, u"concurso"_s, u"Log inicial"_s}));
-    QCOMPARE(a.LogsConCantidad(),
-             (Cantidades{{u"Base 1"_s, 1}, {u"concurso"_s, 2}, {u"Log inicial"_s, 0}}));
-    QCOMPARE(a.CantidadQSOs(u"LOG INICIAL"_s), 0);
-    QCOMPARE(a.CantidadQSOs(u"Concurso"_s), 2);
-    QCOMPARE(a.CantidadQSOs(u"no existe"_s), 0);
+        // The placeholder stays out of every list of QSOs, but not out of the whole log.
+        QVERIFY(a.PaginaLog(u"Log inicial"_s, 1).isEmpty());
+        QVERIFY(!a.UltimoQSO(u"Log inicial"_s));
+        QCOMPARE(Estaciones(a.PaginaLog(u"concurso"_s, 1)),
+                 (QStringList{u"LU2XYZ"_s, u"LU1ABC"_s}));
+        QCOMPARE(a.UltimoQSO(u"concurso"_s)->Estacion, u"LU2XYZ"_s);
+        QCOMPARE(a.BuscarQSOs(u"concurso"_s, {}, {}).size(), 2);
+        QCOMPARE(a.LogCompletoDescendente(u"concurso"_s).size(), 3);
 
-    // The placeholder stays out of every list of QSOs, but not out of the whole log.
-    QVERIFY(a.PaginaLog(u"Log inicial"_s, 1).isEmpty());
-    QVERIFY(!a.UltimoQSO(u"Log inicial"_s));
-    QCOMPARE(Estaciones(a.PaginaLog(u"concurso"_s, 1)), (QStringList{u"LU2XYZ"_s, u"LU1ABC"_s}));
-    QCOMPARE(a.UltimoQSO(u"concurso"_s)->Estacion, u"LU2XYZ"_s);
-    QCOMPARE(a.BuscarQSOs(u"concurso"_s, {}, {}).size(), 2);
-    QCOMPARE(a.LogCompletoDescendente(u"concurso"_s).size(), 3);
-
-    // Deleting a log takes its placeholder with it, whatever the case of the name.
-    QVERIFY(a.BorrarLog(u"CONCURSO"_s));
-    QCOMPARE(a.Logs(), (QStringList{u"Base 1"_s, u"Log inicial"_s}));
-    QCOMPARE(a.CantidadQSOs(u"concurso"_s), 0);
-    QCOMPARE(a.TodosLosQSOs().size(), 2);
-}
-
-void TestAlmacen::idaYVuelta_data()
-{
-    QTest::addColumn<QString>("texto");
-    QTest::newRow("vacío") << QString();
-    QTest::newRow("unicode") << u"Ñandú ÄÖü 日本語 \U0001F4E1"_s;
-    QTest::newRow("largo") << QString(5000, u'x') + u"ñ"_s;
-    QTest::newRow("fecha imposible") << u"31/02/2024"_s;
-    QTest::newRow("fecha iso") << u"2024-01-05"_s;
-    QTest::newRow("fecha válida") << u"05/01/2024"_s;
-    QTest::newRow("fecha corta") << u"5/1/2024"_s;
-    QTest::newRow("fecha con blanco") << u" 05/01/2024"_s;
-    QTest::newRow("marca") << u"!2024-01-05"_s;
-    QTest::newRow("blancos") << u"  a  "_s;
-    QTest::newRow("saltos") << u"a\r\nb\tc"_s;
-    QTest::newRow("comodines") << u"100% _*?\\"_s;
-    QTest::newRow("apóstrofos") << u"D'Alessandro 'Pepe', ''dos''"_s;
-    QTest::newRow("sql") << u"'; DROP TABLE Tabla1; --"_s;
-    QTest::newRow("nul") << u"a"_s + QChar(0) + u"b"_s;
-}
-
-void TestAlmacen::idaYVuelta()
-{
-    QFETCH(QString, texto);
-    Almacen &a = *alm_;
-    // An edit stores every column as given, so each one is tried with the same text, the
-    // log's name too.
-    RegistroQSO q;
-    for (QString *campo :
-         {&q.Estacion, &q.Banda, &q.Modo, &q.RSE, &q.RSR, &q.Fecha, &q.Hora, &q.MyCall, &q.Operador,
-          &q.Obs, &q.Frecuencia, &q.MiGrid, &q.SuGrid, &q.Nombre_Sat, &q.LbN, &q.Argento})
-        *campo = texto;
-    QVERIFY(a.ActualizarQSO(Hecho(a.AgregarLogVacio(texto)), q));
-    const FilaQSO f = a.TodosLosQSOs().value(0);
-    for (const QString &leido :
-         {f.Estacion, f.Banda, f.Modo, f.RSE, f.RSR, f.Fecha, f.Hora, f.MyCall, f.Operador, f.Obs,
-          f.Frecuencia, f.MiGrid, f.SuGrid, f.Nombre_Sat, f.LbN, f.Argento, f.NombreLog})
-        QCOMPARE(leido, texto);
-    QCOMPARE(a.Logs(), QStringList{texto});
-
-    // The staging table keeps Fecha the same way; the contest table keeps its own text.
-    RegistroQSO corto;
-    corto.Fecha = corto.Estacion = texto;
-    Hecho(a.AgregarQSOEspera(corto, texto, texto));
-    QCOMPARE(a.FilasEspera().value(0).Fecha, texto);
-    QCOMPARE(a.FilasEspera().value(0).Dupe, texto);
-    FilaConcurso c;
-    c.NombreLog = u"C"_s;
-    c.Fecha = c.Hora = c.Obs = texto;
-    Hecho(a.AgregarQSOConcurso(c));
-    QCOMPARE(a.LogConcurso(u"C"_s).value(0).Fecha, texto);
-    QCOMPARE(a.LogConcurso(u"C"_s).value(0).Obs, texto);
-
-    QVERIFY(a.BorrarLog(texto));
-    QVERIFY(a.Logs().isEmpty());
-}
-
-void TestAlmacen::operacionesDeAlta()
-{
-    Almacen &a = *alm_;
-    const QString log = u"L"_s;
-    RegistroQSO q = Qso(u"LU1ABC"_s);
-    q.Nombre_Sat = u"  SO-50 "_s;
-    q.LbN = u"0"_s;
-    q.Argento = u" Marte "_s;
-    // Typed in the main window: LbN "1" whatever the record says, province from the call.
-    const FilaQSO tecleado = *a.QSOPorId(log, Hecho(a.AgregarQSO(q, log)));
-    QCOMPARE(tecleado.LbN, u"1"_s);
-    QCOMPARE(tecleado.Nombre_Sat, u"SO-50"_s);
-    QVERIFY(!tecleado.Argento.isEmpty());
-    QCOMPARE(tecleado.Argento, ProvinciaParaGuardar(q.Estacion));
-    // Imported: LbN as it comes, satellite and province trimmed.
-    const FilaQSO importado = *a.QSOPorId(log, Hecho(a.AgregarQSOImportado(q, log)));
-    QCOMPARE(importado.LbN, u"0"_s);
-    QCOMPARE(importado.Argento, u"Marte"_s);
-    QCOMPARE(importado.Nombre_Sat, u"SO-50"_s);
-
-    // What "Sólo Subir" takes: LbN empty or "0", never the typed "1".
-    q.LbN = QString();
-    const qint64 sinEstado = Hecho(a.AgregarQSOImportado(q, log));
-    QCOMPARE(Ids(a.PendientesLbN(log)), (QList<qint64>{importado.id, sinEstado}));
-    QVERIFY(a.MarcarLbN(importado.id, 2));
-    QCOMPARE(a.QSOPorId(log, importado.id)->LbN, u"2"_s);
-    QCOMPARE(Ids(a.PendientesLbN(log)), QList<qint64>{sinEstado});
-    QCOMPARE(a.Candidatos(log, u"ssb"_s, u"40M"_s, u"lu9dce"_s, u"lu1abc"_s).size(), 3);
-
-    // Staging: reports cut to 3, remarks to 100, grids trimmed.
-    q.RSE = u"5999"_s;
-    q.Obs = QString(150, u'o');
-    q.SuGrid = u" GF05 "_s;
-    Hecho(a.AgregarQSOEspera(q, u"17"_s, log));
-    const FilaQSO e = a.FilasEspera().value(0);
-    QCOMPARE(e.RSE, u"599"_s);
-    QCOMPARE(e.Obs.size(), 100);
-    QCOMPARE(e.SuGrid, u"GF05"_s);
-    QCOMPARE(e.Dupe, u"17"_s);
-    QCOMPARE(e.NombreLog, log);
-    QVERIFY(a.VaciarEspera());
-    QVERIFY(a.FilasEspera().isEmpty());
-}
-
-void TestAlmacen::comodines_data()
-{
-    QTest::addColumn<QString>("columna");
-    QTest::addColumn<QString>("patron");
-    QTest::addColumn<QStringList>("esperadas");
-    QTest::newRow("asterisco") << "estacion"
-                               << "LU*" << QStringList{"LU1ABC", "LU2XYZ", "LU_1", "LUX1"};
-    QTest::newRow("interrogación") << "estacion"
-                                   << "LU?ABC" << QStringList{"LU1ABC"};
-    QTest::newRow("minúsculas") << "estacion"
-                                << "lu1abc" << QStringList{"LU1ABC"};
-    QTest::newRow("guion bajo literal") << "estacion"
-                                        << "LU_*" << QStringList{"LU_1"};
-    QTest::newRow("sin comodín es igual") << "estacion"
-                                          << "LU1" << QStringList{};
-    QTest::newRow("obs en el medio") << "obs"
-                                     << "media" << QStringList{"LU1ABC"};
-    QTest::newRow("porcentaje literal") << "obs"
-                                        << "100%" << QStringList{"LU2XYZ"};
-    QTest::newRow("satélite") << "sat"
-                              << "" << QStringList{"AY0A"};
-    QTest::newRow("sin filtro") << "estacion"
-                                << "" << QStringList{"LU1ABC", "LU2XYZ", "AY0A", "LU_1", "LUX1"};
-}
-
-void TestAlmacen::comodines()
-{
-    QFETCH(QString, columna);
-    QFETCH(QString, patron);
-    QFETCH(QStringList, esperadas);
-    const QStringList estaciones = {"LU1ABC", "LU2XYZ", "AY0A", "LU_1", "LUX1"};
-    const QStringList obs = {"una media tarde", "al 100%", "1000 watts", "", ""};
-    for (int i = 0; i < estaciones.size(); ++i) {
-        RegistroQSO q = Qso(estaciones[i], u"01/05/2020"_s, u"10:00:0%1"_s.arg(i));
-        q.Obs = obs[i];
-        q.Nombre_Sat = i == 2 ? u"AO-7"_s : QString();
-        Hecho(alm_->AgregarQSO(q, u"L"_s));
+        // Deleting a log takes its placeholder with it, whatever the case of the name.
+        QVERIFY(a.BorrarLog(u"CONCURSO"_s));
+        QCOMPARE(a.Logs(), (QStringList{u"Base 1"_s, u"Log inicial"_s}));
+        QCOMPARE(a.CantidadQSOs(u"concurso"_s), 0);
+        QCOMPARE(a.TodosLosQSOs().size(), 2);
     }
-    Almacen::FiltroExportacion filtro;
-    if (columna == u"estacion")
-        filtro.estacion = patron;
-    else if (columna == u"obs")
-        filtro.obs = patron;
-    else
-        filtro.soloSatelite = true;
-    QCOMPARE(Estaciones(alm_->ExportarQSOs(u"L"_s, filtro)), esperadas);
-}
 
-void TestAlmacen::historial()
-{
-    Almacen &a = *alm_;
-    const QStringList estaciones = {"LU1ZZ", "LU1Z", "LU1Z/P", "LU1[A", "lu1zb", "LU1A"};
-    for (int i = 0; i < estaciones.size(); ++i)
-        Hecho(a.AgregarQSO(Qso(estaciones[i], u"0%1/05/2020"_s.arg(i + 1)), u"L"_s));
-    Hecho(a.AgregarQSO(Qso(u"LU1ZX"_s), u"otro"_s));
-    // Any case of the prefix finds any case of the call, and only calls that start with it
-    // (the bound of the index range must fold the case as the column does).
-    for (const QString &prefijo : {u"LU1Z"_s, u"lu1z"_s})
-        QCOMPARE(Estaciones(a.HistorialDe(u"L"_s, prefijo)),
-                 (QStringList{u"LU1ZZ"_s, u"LU1Z"_s, u"LU1Z/P"_s, u"lu1zb"_s}));
-    QCOMPARE(a.HistorialDe(u"L"_s, u"LU1?"_s).size(), 6);
-    QCOMPARE(a.HistorialDe(u"L"_s, u"XX"_s).size(), 0);
-}
+    void idaYVuelta_data()
+    {
+        QTest::addColumn<QString>("texto");
+        // Dates good, bad and in other shapes (kept as typed when they are none), wildcards,
+        // quotes and SQL.
+        for (const char *t :
+             {"", "Ñandú ÄÖü 日本語 \U0001F4E1", "31/02/2024", "2024-01-05", "05/01/2024",
+              "5/1/2024", " 05/01/2024", "!2024-01-05", "  a  ", "a\r\nb\tc", "100% _*?\\",
+              "D'Alessandro 'Pepe', ''dos''", "'; DROP TABLE Tabla1; --"})
+            QTest::newRow(t) << QString::fromUtf8(t);
+        QTest::newRow("largo") << QString(5000, u'x') + u"ñ"_s;
+        QTest::newRow("nul") << u"a"_s + QChar(0) + u"b"_s;
+    }
 
-void TestAlmacen::fallaConMensaje_data()
-{
-    QTest::addColumn<QString>("operacion");
-    QTest::addColumn<QString>("mensaje"); // what could not be done; the engine's words follow
-    QTest::newRow("AgregarQSO") << u"AgregarQSO"_s << u"No se pudo guardar el QSO con LU1ABC."_s;
-    QTest::newRow("AgregarQSOImportado")
-        << u"AgregarQSOImportado"_s << u"No se pudo importar el QSO con LU1ABC."_s;
-    QTest::newRow("AgregarQSOConcurso")
-        << u"AgregarQSOConcurso"_s
-        << u"No se pudo guardar el QSO con LU1ABC en el concurso Fiesta."_s;
-    QTest::newRow("AgregarQSOEspera")
-        << u"AgregarQSOEspera"_s << u"No se pudo preparar la importación del QSO con LU1ABC."_s;
-    QTest::newRow("AgregarLogVacio") << u"AgregarLogVacio"_s << u"No se pudo crear el log Nuevo."_s;
-    QTest::newRow("ActualizarQSO") << u"ActualizarQSO"_s << u"No se pudo guardar el QSO #1."_s;
-    QTest::newRow("MarcarLbN") << u"MarcarLbN"_s
-                               << u"No se pudo anotar el estado en LbN del QSO #1."_s;
-    QTest::newRow("BorrarQSO") << u"BorrarQSO"_s << u"No se pudo eliminar el QSO #1."_s;
-    QTest::newRow("BorrarLog") << u"BorrarLog"_s << u"No se pudo borrar el log Diario."_s;
-    QTest::newRow("VaciarTodo") << u"VaciarTodo"_s << u"No se pudieron vaciar las tablas."_s;
-    QTest::newRow("cerrada") << u"cerrada"_s << u"No se pudo guardar el QSO con LU1ABC."_s;
-}
+    void idaYVuelta()
+    {
+        QFETCH(QString, texto);
+        Almacen &a = *alm_;
+        // An edit stores every column as given, so each one is tried with the same text, the
+        // log's name too.
+        RegistroQSO q;
+        for (QString *campo : {&q.Estacion, &q.Banda, &q.Modo, &q.RSE, &q.RSR, &q.Fecha, &q.Hora,
+                               &q.MyCall, &q.Operador, &q.Obs, &q.Frecuencia, &q.MiGrid, &q.SuGrid,
+                               &q.Nombre_Sat, &q.LbN, &q.Argento})
+            *campo = texto;
+        QVERIFY(a.ActualizarQSO(Hecho(a.AgregarLogVacio(texto)), q));
+        const FilaQSO f = a.TodosLosQSOs().value(0);
+        for (const QString &leido :
+             {f.Estacion, f.Banda, f.Modo, f.RSE, f.RSR, f.Fecha, f.Hora, f.MyCall, f.Operador,
+              f.Obs, f.Frecuencia, f.MiGrid, f.SuGrid, f.Nombre_Sat, f.LbN, f.Argento, f.NombreLog})
+            QCOMPARE(leido, texto);
+        QCOMPARE(a.Logs(), QStringList{texto});
 
-void TestAlmacen::fallaConMensaje()
-{
-    QFETCH(QString, operacion);
-    QFETCH(QString, mensaje);
-    Almacen &a = *alm_;
-    Hecho(a.AgregarQSO(Qso(u"LU1ABC"_s), u"Diario"_s));
-    FilaConcurso c;
-    c.NombreLog = u"Fiesta"_s;
-    c.Estacion = u"LU1ABC"_s;
-    Hecho(a.AgregarQSOConcurso(c));
-    Hecho(a.AgregarQSOEspera(Qso(u"LU1ABC"_s), {}, u"Diario"_s));
-    // Another program forbids every write; the engine gives its reason.
-    OtraConexion otra(Archivo());
-    for (const char *tabla : {"Tabla1", "Tabla2", "Tabla3"})
-        for (const char *que : {"INSERT", "UPDATE", "DELETE"})
-            otra(u"CREATE TRIGGER \"veda %1 %2\" BEFORE %2 ON %1 BEGIN SELECT RAISE(ABORT, "
-                 "'escritura vedada'); END"_s.arg(QLatin1String(tabla), QLatin1String(que)));
-    auto todo = [&] {
-        QStringList filas;
-        for (const char *tabla : {"Tabla1", "Tabla2", "Tabla3", "CuentaLogs"})
-            filas += otra(u"SELECT * FROM %1"_s.arg(QLatin1String(tabla)));
-        return filas;
-    };
-    const QStringList antes = todo();
-    QCOMPARE(antes.size(), 4);
+        // The staging table keeps Fecha the same way; the contest table keeps its own text.
+        RegistroQSO corto;
+        corto.Fecha = texto;
+        Hecho(a.AgregarQSOEspera(corto, texto, texto));
+        QCOMPARE(a.FilasEspera().value(0).Fecha, texto);
+        QCOMPARE(a.FilasEspera().value(0).Dupe, texto);
+        FilaConcurso c;
+        c.NombreLog = u"C"_s, c.Fecha = c.Hora = c.Obs = texto;
+        Hecho(a.AgregarQSOConcurso(c));
+        QCOMPARE(a.LogConcurso(u"C"_s).value(0).Fecha, texto);
+        QCOMPARE(a.LogConcurso(u"C"_s).value(0).Obs, texto);
 
-    const QHash<QString, std::function<QString()>> operaciones = {
-        {u"AgregarQSO"_s, [&] { return a.AgregarQSO(Qso(u"LU1ABC"_s), u"Diario"_s).Mensaje(); }},
-        {u"AgregarQSOImportado"_s,
-         [&] { return a.AgregarQSOImportado(Qso(u"LU1ABC"_s), u"Diario"_s).Mensaje(); }},
-        {u"AgregarQSOConcurso"_s, [&] { return a.AgregarQSOConcurso(c).Mensaje(); }},
-        {u"AgregarQSOEspera"_s,
-         [&] { return a.AgregarQSOEspera(Qso(u"LU1ABC"_s), {}, u"Diario"_s).Mensaje(); }},
-        {u"AgregarLogVacio"_s, [&] { return a.AgregarLogVacio(u"Nuevo"_s).Mensaje(); }},
-        {u"ActualizarQSO"_s, [&] { return a.ActualizarQSO(1, Qso(u"LU2XX"_s)).Mensaje(); }},
-        {u"MarcarLbN"_s, [&] { return a.MarcarLbN(1, 2).Mensaje(); }},
-        {u"BorrarQSO"_s, [&] { return a.BorrarQSO(1).Mensaje(); }},
-        {u"BorrarLog"_s, [&] { return a.BorrarLog(u"Diario"_s).Mensaje(); }},
-        {u"VaciarTodo"_s, [&] { return a.VaciarTodo().Mensaje(); }},
-        {u"cerrada"_s,
-         [&] {
-             a.Cerrar();
-             return a.AgregarQSO(Qso(u"LU1ABC"_s), u"Diario"_s).Mensaje();
-         }},
-    };
-    const QString dicho = operaciones.value(operacion)();
-    QVERIFY2(dicho.startsWith(mensaje + u"\r\n\r\n"_s), qPrintable(dicho));
-    QVERIFY2(dicho.contains(operacion == u"cerrada" ? u"no está abierta"_s : u"escritura vedada"_s),
-             qPrintable(dicho));
-    QCOMPARE(todo(), antes);
-}
+        QVERIFY(a.BorrarLog(texto));
+        QVERIFY(a.Logs().isEmpty());
+    }
+
+    void operacionesDeAlta()
+    {
+        Almacen &a = *alm_;
+        const QString log = u"L"_s;
+        RegistroQSO q = Qso(u"LU1ABC"_s);
+        q.Nombre_Sat = u"  SO-50 "_s, q.LbN = u"0"_s, q.Argento = u" Marte "_s;
+        // Typed in the main window: LbN "1" whatever the record says, province from the call.
+        const FilaQSO tecleado = *a.QSOPorId(log, Hecho(a.AgregarQSO(q, log)));
+        QCOMPARE(tecleado.LbN, u"1"_s);
+        QCOMPARE(tecleado.Nombre_Sat, u"SO-50"_s);
+        QCOMPARE(tecleado.Argento, u"Capital"_s);
+        // Imported: LbN as it comes, satellite and province trimmed.
+        const FilaQSO importado = *a.QSOPorId(log, Hecho(a.AgregarQSOImportado(q, log)));
+        QCOMPARE(importado.LbN, u"0"_s);
+        QCOMPARE(importado.Argento, u"Marte"_s);
+        QCOMPARE(importado.Nombre_Sat, u"SO-50"_s);
+
+        // What "Sólo Subir" takes: LbN empty or "0", never the typed "1".
+        q.LbN = QString();
+        const qint64 sinEstado = Hecho(a.AgregarQSOImportado(q, log));
+        QCOMPARE(Ids(a.PendientesLbN(log)), (QList<qint64>{importado.id, sinEstado}));
+        QVERIFY(a.MarcarLbN(importado.id, 2));
+        QCOMPARE(a.QSOPorId(log, importado.id)->LbN, u"2"_s);
+        QCOMPARE(Ids(a.PendientesLbN(log)), QList<qint64>{sinEstado});
+        QCOMPARE(a.Candidatos(log, u"ssb"_s, u"40M"_s, u"lu9dce"_s, u"lu1abc"_s).size(), 3);
+    }
+
+    void historial()
+    {
+        Almacen &a = *alm_;
+        const QStringList estaciones = {"LU1ZZ", "LU1Z", "LU1Z/P", "LU1[A", "lu1zb", "LU1A"};
+        for (int i = 0; i < estaciones.size(); ++i)
+            Hecho(a.AgregarQSO(Qso(estaciones[i], u"0%1/05/2020"_s.arg(i + 1)), u"L"_s));
+        Hecho(a.AgregarQSO(Qso(u"LU1ZX"_s), u"otro"_s));
+        // Any case of the prefix finds any case of the call, and only calls that start with it
+        // (the bound of the index range must fold the case as the column does).
+        for (const QString &prefijo : {u"LU1Z"_s, u"lu1z"_s})
+            QCOMPARE(Estaciones(a.HistorialDe(u"L"_s, prefijo)),
+                     (QStringList{u"LU1ZZ"_s, u"LU1Z"_s, u"LU1Z/P"_s, u"lu1zb"_s}));
+        QCOMPARE(a.HistorialDe(u"L"_s, u"LU1?"_s).size(), 6);
+        QCOMPARE(a.HistorialDe(u"L"_s, u"XX"_s).size(), 0);
+    }
+
+    void fallaConMensaje_data()
+    {
+        QTest::addColumn<QString>("mensaje"); // what could not be done; the engine's words follow
+        const auto fila = [](const char *operacion, const QString &mensaje) {
+            QTest::newRow(operacion) << mensaje;
+        };
+        fila("AgregarQSO", u"No se pudo guardar el QSO con LU1ABC."_s);
+        fila("AgregarQSOImportado", u"No se pudo importar el QSO con LU1ABC."_s);
+        fila("AgregarQSOConcurso",
+             u"No se pudo guardar el QSO con LU1ABC en el concurso Fiesta."_s);
+        fila("AgregarQSOEspera", u"No se pudo preparar la importación del QSO con LU1ABC."_s);
+        fila("AgregarLogVacio", u"No se pudo crear el log Nuevo."_s);
+        fila("ActualizarQSO", u"No se pudo guardar el QSO #1."_s);
+        fila("MarcarLbN", u"No se pudo anotar el estado en LbN del QSO #1."_s);
+        fila("BorrarQSO", u"No se pudo eliminar el QSO #1."_s);
+        fila("BorrarLog", u"No se pudo borrar el log Diario."_s);
+        fila("VaciarTodo", u"No se pudieron vaciar las tablas."_s);
+        fila("cerrada", u"No se pudo guardar el QSO con LU1ABC."_s);
+    }
+
+    void fallaConMensaje()
+    {
+        const QString operacion = QString::fromLatin1(QTest::currentDataTag());
+        QFETCH(QString, mensaje);
+        Almacen &a = *alm_;
+        Hecho(a.AgregarQSO(Qso(u"LU1ABC"_s), u"Diario"_s));
+        FilaConcurso c;
+        c.NombreLog = u"Fiesta"_s, c.Estacion = u"LU1ABC"_s;
+        Hecho(a.AgregarQSOConcurso(c));
+        Hecho(a.AgregarQSOEspera(Qso(u"LU1ABC"_s), {}, u"Diario"_s));
+        // Another program forbids every write; the engine gives its reason.
+        OtraConexion otra(Archivo());
+        for (const char *tabla : {"Tabla1", "Tabla2", "Tabla3"})
+            for (const char *que : {"INSERT", "UPDATE", "DELETE"})
+                otra(u"CREATE TRIGGER \"veda %1 %2\" BEFORE %2 ON %1 BEGIN SELECT RAISE(ABORT, "
+                     "'escritura vedada'); END"_s.arg(QLatin1String(tabla), QLatin1String(que)));
+        auto todo = [&] {
+            QStringList filas;
+            for (const char *tabla : {"Tabla1", "Tabla2", "Tabla3", "CuentaLogs"})
+                filas += otra(u"SELECT * FROM %1"_s.arg(QLatin1String(tabla)));
+            return filas;
+        };
+        const QStringList antes = todo();
+        QCOMPARE(antes.size(), 4);
+
+        const QHash<QString, std::function<QString()>> operaciones = {
+            {u"AgregarQSO"_s,
+             [&] { return a.AgregarQSO(Qso(u"LU1ABC"_s), u"Diario"_s).Mensaje(); }},
+            {u"AgregarQSOImportado"_s,
+             [&] { return a.AgregarQSOImportado(Qso(u"LU1ABC"_s), u"Diario"_s).Mensaje(); }},
+            {u"AgregarQSOConcurso"_s, [&] { return a.AgregarQSOConcurso(c).Mensaje(); }},
+            {u"AgregarQSOEspera"_s,
+             [&] { return a.AgregarQSOEspera(Qso(u"LU1ABC"_s), {}, u"Diario"_s).Mensaje(); }},
+            {u"AgregarLogVacio"_s, [&] { return a.AgregarLogVacio(u"Nuevo"_s).Mensaje(); }},
+            {u"ActualizarQSO"_s, [&] { return a.ActualizarQSO(1, Qso(u"LU2XX"_s)).Mensaje(); }},
+            {u"MarcarLbN"_s, [&] { return a.MarcarLbN(1, 2).Mensaje(); }},
+            {u"BorrarQSO"_s, [&] { return a.BorrarQSO(1).Mensaje(); }},
+            {u"BorrarLog"_s, [&] { return a.BorrarLog(u"Diario"_s).Mensaje(); }},
+            {u"VaciarTodo"_s, [&] { return a.VaciarTodo().Mensaje(); }},
+            {u"cerrada"_s,
+             [&] {
+                 a.Cerrar();
+                 return a.AgregarQSO(Qso(u"LU1ABC"_s), u"Diario"_s).Mensaje();
+             }},
+        };
+        const QString dicho = operaciones.value(operacion)();
+        QVERIFY2(dicho.startsWith(mensaje + u"\r\n\r\n"_s), qPrintable(dicho));
+        QVERIFY2(
+            dicho.contains(operacion == u"cerrada" ? u"no está abierta"_s : u"escritura vedada"_s),
+            qPrintable(dicho));
+        QCOMPARE(todo(), antes);
+    }
+};
 
 QTEST_GUILESS_MAIN(TestAlmacen)
 #include "test_almacen.moc"

@@ -86,98 +86,95 @@ class TestCarga : public PruebaAlmacen
     Q_OBJECT
 
 private Q_SLOTS:
-    void cargaMasiva_data();
-    void cargaMasiva();
-    void deshacerCargaMasiva();
+    void cargaMasiva_data()
+    {
+        QTest::addColumn<QString>("enMedio");
+        QTest::addColumn<bool>("masivaAlFinal");
+        QTest::newRow("solo altas") << QString() << true;
+        QTest::newRow("cuenta leída en medio") << u"contar"_s << false;
+        QTest::newRow("historial en medio") << u"historial"_s << false;
+        QTest::newRow("cambios en medio") << u"cambiar"_s << false;
+        QTest::newRow("bajas en medio") << u"borrar"_s << false;
+        QTest::newRow("Hacer Tabla! en medio") << u"vaciar"_s << false;
+    }
+
+    void cargaMasiva()
+    {
+        QFETCH(QString, enMedio);
+        QFETCH(bool, masivaAlFinal);
+        // The same file and the same load twice: in bulk mode, and row by row with the triggers.
+        QTemporaryDir otraCarpeta;
+        const QString archivos[] = {Archivo(), otraCarpeta.filePath(u"base0.db"_s)};
+        Almacen fila;
+        QVERIFY(fila.Abrir(archivos[1]));
+        for (const QString &archivo : archivos) {
+            Almacen &a = archivo == Archivo() ? *alm_ : fila;
+            Hecho(a.AgregarLogVacio(u"Concurso"_s));
+            Hecho(a.AgregarQSO(Qso(u"LU1ABC"_s), u"Concurso"_s));
+            // Rows from another program, QSOs without a date among them.
+            OtraConexion ajena(archivo);
+            ajena(
+                u"INSERT INTO Tabla1 (Modo, Estacion, Fecha, Hora, \"Nombre Log\") "
+                "VALUES ('CW', 'LU1XA', NULL, '10:00:00', 'Diario'), ('CW', 'LU2XB', '2022-03-01', "
+                "NULL, 'Diario')"_s);
+        }
+        alm_->UmbralCargaMasiva(4);
+        bool masivaEnMedio = false, masiva = false;
+        const QStringList visto = Cargar(*alm_, enMedio, &masivaEnMedio, &masiva);
+        QVERIFY(masivaEnMedio);
+        QCOMPARE(masiva, masivaAlFinal);
+        QCOMPARE(visto, Cargar(fila, enMedio));
+        QVERIFY(!visto.filter(u"Diario: "_s).isEmpty());
+
+        // Both files alike to whoever reads them: rows, counts (names too) and schema; and the
+        // counts are those of a walk of the rows.
+        OtraConexion masivo(archivos[0]), porFila(archivos[1]);
+        QCOMPARE(alm_->TodosLosQSOs(), fila.TodosLosQSOs());
+        QCOMPARE(Cuentas(masivo), Cuentas(porFila));
+        const auto [recuento, cuentas] = Recuento(masivo);
+        QCOMPARE(cuentas, recuento);
+        QCOMPARE(Esquema(masivo), Esquema(porFila));
+        // The history and the duplicate key are read through their index again.
+        const QString consultas[] = {
+            u"SELECT * FROM Tabla1 WHERE \"Nombre Log\"=? AND Estacion>=? AND Estacion<? AND "
+            "Estacion LIKE ? ESCAPE '\\' ORDER BY Fecha, Hora, id"_s,
+            u"SELECT * FROM Tabla1 WHERE \"Nombre Log\"=? AND Modo=? AND Banda=? AND MyCall=? AND "
+            "Estacion=? ORDER BY id"_s};
+        for (const QString &consulta : consultas) {
+            const QString plan = masivo(u"EXPLAIN QUERY PLAN "_s + consulta,
+                                        QVariantList(consulta.count(u'?'), u"x"_s))
+                                     .join(u' ');
+            QVERIFY2(plan.contains(u"USING INDEX Tabla1_Estacion"), qPrintable(plan));
+        }
+    }
+
+    void deshacerCargaMasiva()
+    {
+        Almacen &a = *alm_;
+        Hecho(a.AgregarQSO(Qso(u"LU1ABC"_s), u"A"_s));
+        OtraConexion otra(Archivo());
+        const QStringList cuentas = Cuentas(otra), esquema = Esquema(otra);
+        const QVector<FilaQSO> filas = a.TodosLosQSOs();
+
+        a.UmbralCargaMasiva(3);
+        for (int vez = 0; vez < 2; ++vez) {
+            QVERIFY(a.IniciarTransaccion());
+            for (int i = 0; i < 20; ++i)
+                Hecho(a.AgregarQSO(Qso(u"LU2X%1"_s.arg(i)), i % 2 ? u"A"_s : u"B"_s));
+            QVERIFY(a.EnCargaMasiva());
+            QVERIFY(a.DeshacerTransaccion());
+            QVERIFY(!a.EnCargaMasiva());
+            // The file as before, index and trigger included.
+            QCOMPARE(Esquema(otra), esquema);
+            QCOMPARE(Cuentas(otra), cuentas);
+            QCOMPARE(a.TodosLosQSOs(), filas);
+        }
+        // And the trigger counts the next add.
+        Hecho(a.AgregarQSO(Qso(u"LU3Q"_s), u"B"_s));
+        QCOMPARE(a.LogsConCantidad(), (Cantidades{{u"A"_s, 1}, {u"B"_s, 1}}));
+        QCOMPARE(Estaciones(a.HistorialDe(u"B"_s, u"LU"_s)), QStringList{u"LU3Q"_s});
+    }
 };
-
-void TestCarga::cargaMasiva_data()
-{
-    QTest::addColumn<QString>("enMedio");
-    QTest::addColumn<bool>("masivaAlFinal");
-    QTest::newRow("solo altas") << QString() << true;
-    QTest::newRow("cuenta leída en medio") << u"contar"_s << false;
-    QTest::newRow("historial en medio") << u"historial"_s << false;
-    QTest::newRow("cambios en medio") << u"cambiar"_s << false;
-    QTest::newRow("bajas en medio") << u"borrar"_s << false;
-    QTest::newRow("Hacer Tabla! en medio") << u"vaciar"_s << false;
-}
-
-void TestCarga::cargaMasiva()
-{
-    QFETCH(QString, enMedio);
-    QFETCH(bool, masivaAlFinal);
-    // The same file and the same load twice: in bulk mode, and row by row with the triggers.
-    QTemporaryDir otraCarpeta;
-    const QString archivos[] = {Archivo(), otraCarpeta.filePath(u"base0.db"_s)};
-    Almacen fila;
-    QVERIFY(fila.Abrir(archivos[1]));
-    for (const QString &archivo : archivos) {
-        Almacen &a = archivo == Archivo() ? *alm_ : fila;
-        Hecho(a.AgregarLogVacio(u"Concurso"_s));
-        Hecho(a.AgregarQSO(Qso(u"LU1ABC"_s), u"Concurso"_s));
-        // Rows from another program, QSOs without a date among them.
-        OtraConexion ajena(archivo);
-        ajena(u"INSERT INTO Tabla1 (Modo, Estacion, Fecha, Hora, \"Nombre Log\") "
-              "VALUES ('CW', 'LU1XA', NULL, '10:00:00', 'Diario'), ('CW', 'LU2XB', '2022-03-01', "
-              "NULL, 'Diario')"_s);
-    }
-    alm_->UmbralCargaMasiva(4);
-    bool masivaEnMedio = false, masiva = false;
-    const QStringList visto = Cargar(*alm_, enMedio, &masivaEnMedio, &masiva);
-    QVERIFY(masivaEnMedio);
-    QCOMPARE(masiva, masivaAlFinal);
-    QCOMPARE(visto, Cargar(fila, enMedio));
-    QVERIFY(!visto.filter(u"Diario: "_s).isEmpty());
-
-    // Both files alike to whoever reads them: rows, counts (names too) and schema; and the
-    // counts are those of a walk of the rows.
-    OtraConexion masivo(archivos[0]), porFila(archivos[1]);
-    QCOMPARE(alm_->TodosLosQSOs(), fila.TodosLosQSOs());
-    QCOMPARE(Cuentas(masivo), Cuentas(porFila));
-    const auto [recuento, cuentas] = Recuento(masivo);
-    QCOMPARE(cuentas, recuento);
-    QCOMPARE(Esquema(masivo), Esquema(porFila));
-    // The history and the duplicate key are read through their index again.
-    const QString consultas[] = {
-        u"SELECT * FROM Tabla1 WHERE \"Nombre Log\"=? AND Estacion>=? AND Estacion<? AND "
-        "Estacion LIKE ? ESCAPE '\\' ORDER BY Fecha, Hora, id"_s,
-        u"SELECT * FROM Tabla1 WHERE \"Nombre Log\"=? AND Modo=? AND Banda=? AND MyCall=? AND "
-        "Estacion=? ORDER BY id"_s};
-    for (const QString &consulta : consultas) {
-        const QString plan =
-            masivo(u"EXPLAIN QUERY PLAN "_s + consulta, QVariantList(consulta.count(u'?'), u"x"_s))
-                .join(u' ');
-        QVERIFY2(plan.contains(u"USING INDEX Tabla1_Estacion"), qPrintable(plan));
-    }
-}
-
-void TestCarga::deshacerCargaMasiva()
-{
-    Almacen &a = *alm_;
-    Hecho(a.AgregarQSO(Qso(u"LU1ABC"_s), u"A"_s));
-    OtraConexion otra(Archivo());
-    const QStringList cuentas = Cuentas(otra), esquema = Esquema(otra);
-    const QVector<FilaQSO> filas = a.TodosLosQSOs();
-
-    a.UmbralCargaMasiva(3);
-    for (int vez = 0; vez < 2; ++vez) {
-        QVERIFY(a.IniciarTransaccion());
-        for (int i = 0; i < 20; ++i)
-            Hecho(a.AgregarQSO(Qso(u"LU2X%1"_s.arg(i)), i % 2 ? u"A"_s : u"B"_s));
-        QVERIFY(a.EnCargaMasiva());
-        QVERIFY(a.DeshacerTransaccion());
-        QVERIFY(!a.EnCargaMasiva());
-        // The file as before, index and trigger included.
-        QCOMPARE(Esquema(otra), esquema);
-        QCOMPARE(Cuentas(otra), cuentas);
-        QCOMPARE(a.TodosLosQSOs(), filas);
-    }
-    // And the trigger counts the next add.
-    Hecho(a.AgregarQSO(Qso(u"LU3Q"_s), u"B"_s));
-    QCOMPARE(a.LogsConCantidad(), (Cantidades{{u"A"_s, 1}, {u"B"_s, 1}}));
-    QCOMPARE(Estaciones(a.HistorialDe(u"B"_s, u"LU"_s)), QStringList{u"LU3Q"_s});
-}
 
 QTEST_GUILESS_MAIN(TestCarga)
 #include "test_almacen_carga.moc"

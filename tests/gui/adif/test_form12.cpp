@@ -35,7 +35,6 @@ struct Ventana
         d().archivosAbrir.enqueue(p.Archivo(u"log.adi"_s));
     }
     DialogosFalso &d() { return *p.falsos.dialogos; }
-    BombaFalsa &bomba() { return *p.falsos.bomba; }
     QStringList Lista2() const
     {
         QStringList l;
@@ -57,125 +56,116 @@ class TestForm12 : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void medir_data();
-    void medir();
-    void cargarDuplicados();
-    void detener_data();
-    void detener();
-};
+    void medir_data()
+    {
+        QTest::addColumn<QByteArray>("datos");
+        QTest::addColumn<QString>("entrada");      // the own callsign typed, when asked
+        QTest::addColumn<QStringList>("dialogos"); // "kind: text (title)"
+        QTest::addColumn<QStringList>("lista2");
+        QTest::addColumn<int>("espera");
+        const QString pregunta =
+            u"PreguntaSiNo: El Archivo log.adi no tiene el campo <STATION_CALLSIGN:\r\nContinua con la carga?"_s;
+        const QString abrir = u"AbrirArchivo: ADIF| *.adi; *.adi (Abrir Archivo de ADIF ...)"_s;
+        const QString sd = u"Entrada: Ingrese su Señal Distintiva (SD)"_s;
+        QTest::newRow("señal tecleada")
+            << Registros(2, "<STATION_CALLSIGN:0>") + "<CALL:2>X1<EOR>\r\n"
+            << u" lu9zzz "_s << QStringList{abrir, pregunta, sd}
+            << QStringList{u"<STATION_CALLSIGN:LU9ZZZ"_s, u"> 1 error(es) RT(S)"_s,
+                           u"> 1 error(es) Banda/Frec."_s}
+            << 2;
+        QTest::newRow("sin señal tecleada")
+            << Registros(2, {}) << QString() << QStringList{abrir, pregunta, sd} << QStringList()
+            << 0;
+    }
 
-void TestForm12::medir_data()
-{
-    QTest::addColumn<QByteArray>("datos");
-    QTest::addColumn<QString>("entrada");      // the own callsign typed, when asked
-    QTest::addColumn<QStringList>("dialogos"); // "kind: text" after the file dialog
-    QTest::addColumn<QStringList>("lista2");
-    QTest::addColumn<int>("espera");
-    const QString pregunta =
-        u"PreguntaSiNo: El Archivo log.adi no tiene el campo <STATION_CALLSIGN:\r\nContinua con la carga?"_s;
-    const QString sd = u"Entrada: Ingrese su Señal Distintiva (SD)"_s;
-    QTest::newRow("señal tecleada")
-        << Registros(2, "<STATION_CALLSIGN:0>") + "<CALL:2>X1<EOR>\r\n"
-        << u" lu9zzz "_s << QStringList{pregunta, sd}
-        << QStringList{u"<STATION_CALLSIGN:LU9ZZZ"_s, u"> 1 error(es) RT(S)"_s,
-                       u"> 1 error(es) Banda/Frec."_s}
-        << 2;
-    QTest::newRow("sin señal tecleada")
-        << Registros(2, {}) << QString() << QStringList{pregunta, sd} << QStringList() << 0;
-}
-
-void TestForm12::medir()
-{
-    QFETCH(QByteArray, datos);
-    QFETCH(QString, entrada);
-    Ventana v(datos);
-    v.d().respuestasSiNo.enqueue(true);
-    v.d().entradas.enqueue(entrada);
-    v.f.Command1->click();
-
-    const LlamadaDialogo abrir = v.d().llamadas.value(0);
-    QCOMPARE(abrir.tipo, Tipo::AbrirArchivo);
-    QCOMPARE(abrir.titulo, u"Abrir Archivo de ADIF ..."_s);
-    QCOMPARE(abrir.texto, u"ADIF| *.adi; *.adi"_s);
-    QStringList dialogos;
-    for (const LlamadaDialogo &l : v.d().llamadas.mid(1))
-        dialogos << QString::fromLatin1(NombreTipo(l.tipo)) + u": "_s + l.texto +
-                        (l.titulo.isEmpty() ? QString() : u" ("_s + l.titulo + u')');
-    QTEST(dialogos, "dialogos");
-    QTEST(v.Lista2(), "lista2");
-    QTEST(v.Espera(), "espera");
-    QCOMPARE(v.f.Command3->isEnabled(), v.Espera() > 0);
-    QVERIFY(v.f.Command1->isEnabled() && !v.f.ImportandoAdif && v.f.Label8->isHidden());
-    QCOMPARE(v.EnLog(), 0); // nothing reaches the log before "Cargar"
-}
-
-// Replacing: the question word for word, the old QSO written over, the view reloaded.
-void TestForm12::cargarDuplicados()
-{
-    Ventana v(Registros(3));
-    RegistroQSO viejo;
-    viejo.Estacion = u"LU5XX1"_s, viejo.MyCall = u"LU1AAA"_s, viejo.Modo = u"SSB"_s;
-    viejo.Banda = u"40m"_s, viejo.Fecha = u"15/03/2024"_s, viejo.Hora = u"12:05:00"_s;
-    const qint64 id = Hecho(v.p->almacen().AgregarQSO(viejo, Log));
-    v.f.Command1->click();
-    QCOMPARE(v.f.Label9->text(), u"2"_s);
-    QCOMPARE(v.f.Label10->text(), u"1"_s);
-
-    v.d().Limpiar();
-    v.d().respuestasSiNo.enqueue(true);
-    v.f.Command3->click();
-    QCOMPARE(
-        v.d().Textos(),
-        QStringList{u"de 3 QSOs hay 1 DUPlLICADOS\r\n\r\nLos desea Reemplazar?\r\n\r\nNota:\r\n"
-                    "Se consideran DUPLICADOS los QSOs en un entorno de 10 minutos"_s});
-    QCOMPARE(v.EnLog(), 3);
-    QCOMPARE(v.p->almacen().QSOPorId(Log, id)->Hora, u"12:00:00"_s);
-    QCOMPARE(v.recargas, 1);
-    QVERIFY(!v.f.isVisible());
-}
-
-void TestForm12::detener_data()
-{
-    QTest::addColumn<bool>("cargando"); // or processing
-    QTest::addColumn<bool>("cierre");   // the close box, or Esc
-    QTest::addColumn<bool>("si");       // the answer to "Cancela el proceso?"
-    QTest::addColumn<int>("espera");
-    QTest::addColumn<int>("log");
-    QTest::newRow("Esc procesando, sí") << false << false << true << 2 << 0;
-    QTest::newRow("cierre procesando, sí") << false << true << true << 2 << 0;
-    QTest::newRow("Esc cargando, sí") << true << false << true << 5 << 3;
-    QTest::newRow("cierre cargando, no") << true << true << false << 5 << 5;
-}
-
-void TestForm12::detener()
-{
-    QFETCH(bool, cargando);
-    QFETCH(bool, cierre);
-    QFETCH(bool, si);
-    Ventana v(Registros(5));
-    v.f.show();
-    // The operator acts while the third row of the stage pumps the events; the measuring
-    // pumps each of the file's seven lines twice before.
-    int filas = 0;
-    const int tercera = cargando ? 3 : 7 + 7 + 3;
-    const auto accion = [&] {
-        if (++filas != tercera)
-            return;
-        if (cierre)
-            v.f.close();
-        else
-            QTest::keyClick(&v.f, Qt::Key_Escape);
-    };
-    v.d().respuestasSiNo.enqueue(si);
-    if (cargando)
+    void medir()
+    {
+        QFETCH(QByteArray, datos);
+        QFETCH(QString, entrada);
+        Ventana v(datos);
+        v.d().respuestasSiNo.enqueue(true);
+        v.d().entradas.enqueue(entrada);
         v.f.Command1->click();
-    v.bomba().alBombear = accion;
-    (cargando ? v.f.Command3 : v.f.Command1)->click();
-    QCOMPARE(v.d().Textos(Tipo::PreguntaSiNo), QStringList{u"Cancela el proceso?"_s});
-    QTEST(v.Espera(), "espera");
-    QTEST(int(v.EnLog()), "log");
-    QCOMPARE(v.f.isVisible(), !cargando && !(cierre && si));
-}
+
+        QStringList dialogos;
+        for (const LlamadaDialogo &l : v.d().llamadas)
+            dialogos << QString::fromLatin1(NombreTipo(l.tipo)) + u": "_s + l.texto +
+                            (l.titulo.isEmpty() ? QString() : u" ("_s + l.titulo + u')');
+        QTEST(dialogos, "dialogos");
+        QTEST(v.Lista2(), "lista2");
+        QTEST(v.Espera(), "espera");
+        QCOMPARE(v.f.Command3->isEnabled(), v.Espera() > 0);
+        QVERIFY(v.f.Command1->isEnabled() && !v.f.ImportandoAdif && v.f.Label8->isHidden());
+        QCOMPARE(v.EnLog(), 0); // nothing reaches the log before "Cargar"
+    }
+
+    // Replacing: the question word for word, the old QSO written over, the view reloaded.
+    void cargarDuplicados()
+    {
+        Ventana v(Registros(3));
+        RegistroQSO viejo;
+        viejo.Estacion = u"LU5XX1"_s, viejo.MyCall = u"LU1AAA"_s, viejo.Modo = u"SSB"_s;
+        viejo.Banda = u"40m"_s, viejo.Fecha = u"15/03/2024"_s, viejo.Hora = u"12:05:00"_s;
+        const qint64 id = Hecho(v.p->almacen().AgregarQSO(viejo, Log));
+        v.f.Command1->click();
+        QCOMPARE(v.f.Label9->text() + u'/' + v.f.Label10->text(), u"2/1"_s); // new/duplicates
+
+        v.d().Limpiar();
+        v.d().respuestasSiNo.enqueue(true);
+        v.f.Command3->click();
+        QCOMPARE(
+            v.d().Textos(),
+            QStringList{u"de 3 QSOs hay 1 DUPlLICADOS\r\n\r\nLos desea Reemplazar?\r\n\r\nNota:\r\n"
+                        "Se consideran DUPLICADOS los QSOs en un entorno de 10 minutos"_s});
+        QCOMPARE(v.EnLog(), 3);
+        QCOMPARE(v.p->almacen().QSOPorId(Log, id)->Hora, u"12:00:00"_s);
+        QCOMPARE(v.recargas, 1);
+        QVERIFY(!v.f.isVisible());
+    }
+
+    void detener_data()
+    {
+        QTest::addColumn<bool>("cargando"); // or processing
+        QTest::addColumn<bool>("cierre");   // the close box, or Esc
+        QTest::addColumn<bool>("si");       // the answer to "Cancela el proceso?"
+        QTest::addColumn<int>("espera");
+        QTest::addColumn<int>("log");
+        QTest::newRow("Esc procesando, sí") << false << false << true << 2 << 0;
+        QTest::newRow("cierre procesando, sí") << false << true << true << 2 << 0;
+        QTest::newRow("Esc cargando, sí") << true << false << true << 5 << 3;
+        QTest::newRow("cierre cargando, no") << true << true << false << 5 << 5;
+    }
+
+    void detener()
+    {
+        QFETCH(bool, cargando);
+        QFETCH(bool, cierre);
+        QFETCH(bool, si);
+        Ventana v(Registros(5));
+        v.f.show();
+        // The operator acts while the third row of the stage pumps the events; the measuring
+        // pumps each of the file's seven lines twice before.
+        int filas = 0;
+        const int tercera = cargando ? 3 : 7 + 7 + 3;
+        const auto accion = [&] {
+            if (++filas != tercera)
+                return;
+            if (cierre)
+                v.f.close();
+            else
+                QTest::keyClick(&v.f, Qt::Key_Escape);
+        };
+        v.d().respuestasSiNo.enqueue(si);
+        if (cargando)
+            v.f.Command1->click();
+        v.p.falsos.bomba->alBombear = accion;
+        (cargando ? v.f.Command3 : v.f.Command1)->click();
+        QCOMPARE(v.d().Textos(Tipo::PreguntaSiNo), QStringList{u"Cancela el proceso?"_s});
+        QTEST(v.Espera(), "espera");
+        QTEST(int(v.EnLog()), "log");
+        QCOMPARE(v.f.isVisible(), !cargando && !(cierre && si));
+    }
+};
 
 QTEST_MAIN(TestForm12)
 #include "test_form12.moc"

@@ -13,7 +13,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
-#include <QFile>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -72,213 +71,197 @@ struct Busqueda
     std::unique_ptr<Form6> f;
 };
 
-QByteArray Leer(const QString &archivo)
-{
-    QFile f(archivo);
-    return !archivo.isEmpty() && f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
 } // namespace
 
 class TestForm6 : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void exportar_data();
-    void exportar();
-    void buscar_data();
-    void buscar();
-    void editarUnaFila();
-    void eqslNoEnviaNada();
-    void desdeElMenu();
-};
-
-void TestForm6::exportar_data()
-{
-    QTest::addColumn<bool>("vacia");
-    QTest::addColumn<QString>("archivo"); // "" cancels; "viejo" exists already
-    QTest::addColumn<QList<bool>>("respuestas");
-    QTest::addColumn<QStringList>("llamadas"); // kind and text; %1 the path
-    QTest::addColumn<QByteArray>("calls");     // the CALLs written, in order; "-" none
-    const QString qslmsg = u"PreguntaSiNo:Desea usar el campo COMMENT como QSLMSG?"_s;
-    const QString guardar = u"GuardarArchivo:ADIF (*.adi)|*.adi"_s;
-    const QString existe = u"PreguntaSiNo:El archivo \r\n%1\r\nya existe!\r\n\r\nsobregraba?"_s;
-    const QString guardado = u"PreguntaSiNo:%1\r\nGuardado!\r\n\r\nDesea verlo?"_s;
-    // The question comes first, even with nothing to export.
-    QTest::newRow("lista vacía") << true << "nuevo" << QList<bool>{true}
-                                 << QStringList{qslmsg, "Exclamacion:No hay QSOs para exportar!"}
-                                 << QByteArray("-");
-    QTest::newRow("diálogo cancelado")
-        << false << "" << QList<bool>{false} << QStringList{qslmsg, guardar} << QByteArray("-");
-    QTest::newRow("existe, no se sobregraba")
-        << false << "viejo" << QList<bool>{false, false} << QStringList{qslmsg, guardar, existe}
-        << QByteArray("-");
-    // Sorted on screen by the "ID" header, which sorts by the band: 20m, 20m, 40m, 80m, the
-    // equal bands as they stood (newest first).
-    QTest::newRow("sobregraba, QSLMSG y verlo") << false << "viejo" << QList<bool>{true, true, true}
-                                                << QStringList{qslmsg, guardar, existe, guardado}
-                                                << QByteArray("LU2XYZ W1AW LU2XYZ LU5DEF");
-}
-
-void TestForm6::exportar()
-{
-    QFETCH(bool, vacia);
-    QFETCH(QString, archivo);
-    QFETCH(QList<bool>, respuestas);
-    Busqueda b;
-    if (vacia) {
-        b.p->LogenUso = u"Ninguno"_s;
-        b.f->Cargar();
+    void exportar_data()
+    {
+        QTest::addColumn<QString>("archivo"); // "" cancels; "viejo" exists; "vacía": no rows
+        QTest::addColumn<QList<bool>>("respuestas");
+        QTest::addColumn<QStringList>("llamadas"); // kind and text; %1 the path
+        QTest::addColumn<QByteArray>("calls");     // the CALLs written, in order; "-" none
+        const QString qslmsg = u"PreguntaSiNo:Desea usar el campo COMMENT como QSLMSG?"_s;
+        const QString guardar = u"GuardarArchivo:ADIF (*.adi)|*.adi"_s;
+        const QString existe = u"PreguntaSiNo:El archivo \r\n%1\r\nya existe!\r\n\r\nsobregraba?"_s;
+        const QString guardado = u"PreguntaSiNo:%1\r\nGuardado!\r\n\r\nDesea verlo?"_s;
+        // The question comes first, even with nothing to export.
+        QTest::newRow("lista vacía")
+            << "vacía" << QList<bool>{true}
+            << QStringList{qslmsg, "Exclamacion:No hay QSOs para exportar!"} << QByteArray("-");
+        QTest::newRow("diálogo cancelado")
+            << "" << QList<bool>{false} << QStringList{qslmsg, guardar} << QByteArray("-");
+        QTest::newRow("existe, no se sobregraba")
+            << "viejo" << QList<bool>{false, false} << QStringList{qslmsg, guardar, existe}
+            << QByteArray("-");
+        // Sorted on screen by the "ID" header, which sorts by the band: 20m, 20m, 40m, 80m, the
+        // equal bands as they stood (newest first).
+        QTest::newRow("sobregraba, QSLMSG y verlo")
+            << "viejo" << QList<bool>{true, true, true}
+            << QStringList{qslmsg, guardar, existe, guardado}
+            << QByteArray("LU2XYZ W1AW LU2XYZ LU5DEF");
     }
-    const QString ruta = archivo.isEmpty() ? QString() : b.p.Archivo(archivo + u".adi"_s);
-    if (archivo == u"viejo")
-        b.p.Escribir(archivo + u".adi"_s, "viejo");
-    b.d().archivosGuardar.enqueue(ruta);
-    for (bool r : respuestas)
-        b.d().respuestasSiNo.enqueue(r);
-    Q_EMIT b.f->ListView2->horizontalHeader()->sectionClicked(1);
-    b.f->Command1_Click(); // the button itself is off with no rows
 
-    QStringList vistas;
-    for (const LlamadaDialogo &l : b.d().llamadas) {
-        vistas << NombreTipo(l.tipo) + u":"_s + l.texto;
-        if (l.tipo == Tipo::GuardarArchivo)
-            QCOMPARE(l.titulo, u"Exportar a ADIF ..."_s);
-    }
-    QFETCH(QStringList, llamadas);
-    for (QString &l : llamadas)
-        if (l.contains(u"%1"_s))
-            l = l.arg(ruta);
-    QCOMPARE(vistas, llamadas);
-
-    QFETCH(QByteArray, calls);
-    const QByteArray texto = Leer(ruta);
-    if (calls == "-") {
-        QVERIFY(!texto.contains("<EOH>"));
-        QCOMPARE(b.p->UsarComentarioComoQslmsg, respuestas.first());
-        QVERIFY(b.p.falsos.escritorio->abiertos.isEmpty());
-        return;
-    }
-    QStringList escritas;
-    static const QRegularExpression call(u"<CALL:\\d+>([^<]*)"_s);
-    for (auto m = call.globalMatch(QString::fromUtf8(texto)); m.hasNext();)
-        escritas << m.next().captured(1);
-    QCOMPARE(escritas.join(u' ').toUtf8(), calls);
-    QVERIFY(texto.contains("<COMMENT:4>it's<QSLMSG:4>it's"));
-    QVERIFY(texto.endsWith("<EOR>\r\n<EOF>\r\n"));
-    // Hidden before the last question; the file offered to a viewer.
-    QVERIFY(!b.f->isVisible());
-    QCOMPARE(b.p.falsos.escritorio->abiertos, QStringList{ruta});
-}
-
-void TestForm6::buscar_data()
-{
-    QTest::addColumn<QStringList>("teclas"); // "Campo=typed" (Tab after each), or a box
-    QTest::addColumn<QStringList>("estaciones");
-    QTest::addColumn<QStringList>("mensajes");
-    QTest::newRow("corresponsal con ?, en minúsculas")
-        << QStringList{"Text5=lu?xyz*%"} << QStringList{"LU2XYZ", "LU2XYZ"} << QStringList{};
-    QTest::newRow("banda sin M") << QStringList{"Text7=20"} << QStringList{"W1AW", "LU2XYZ"}
-                                 << QStringList{};
-    // Confirmed (2) shows only under "Todos"; "Confirmados" lists the uploaded ones.
-    QTest::newRow("argentinos, confirmados")
-        << QStringList{"Check2", "Option3"} << QStringList{"LU2XYZ"} << QStringList{};
-    QTest::newRow("ninguno") << QStringList{"Text3=LU9"} << QStringList{} << QStringList{};
-    QTest::newRow("fecha mala") << QStringList{"Text1=31/02/2024"} << QStringList{"?"}
-                                << QStringList{"Error en el formato de fecha!",
-                                               "Error en el formato de fecha!"};
-}
-
-void TestForm6::buscar()
-{
-    QFETCH(QStringList, teclas);
-    Busqueda b;
-    QCOMPARE(b.Columna(2), QStringList({"LU2XYZ", "LU5DEF", "W1AW", "LU2XYZ"})); // newest first
-    for (const QString &t : teclas) {
-        const QString campo = t.section(u'=', 0, 0);
-        if (auto *texto = b.f->findChild<QLineEdit *>(campo)) {
-            texto->setFocus();
-            QTest::keyClicks(texto, t.section(u'=', 1));
-            QTest::keyClick(texto, Qt::Key_Tab);
-        } else if (auto *caja = b.f->findChild<QCheckBox *>(campo)) {
-            caja->click();
-        } else {
-            QVERIFY(b.f->findChild<QRadioButton *>(campo)->isEnabled());
-            b.f->findChild<QRadioButton *>(campo)->click();
+    void exportar()
+    {
+        QFETCH(QString, archivo);
+        QFETCH(QList<bool>, respuestas);
+        Busqueda b;
+        if (archivo == u"vacía") {
+            b.p->LogenUso = u"Ninguno"_s;
+            b.f->Cargar();
         }
+        const QString ruta = archivo.isEmpty() ? QString() : b.p.Archivo(archivo + u".adi"_s);
+        if (archivo == u"viejo")
+            b.p.Escribir(archivo + u".adi"_s, "viejo");
+        b.d().archivosGuardar.enqueue(ruta);
+        for (bool r : respuestas)
+            b.d().respuestasSiNo.enqueue(r);
+        Q_EMIT b.f->ListView2->horizontalHeader()->sectionClicked(1);
+        b.f->Command1_Click(); // the button itself is off with no rows
+
+        QStringList vistas;
+        for (const LlamadaDialogo &l : b.d().llamadas) {
+            vistas << NombreTipo(l.tipo) + u":"_s + l.texto;
+            if (l.tipo == Tipo::GuardarArchivo)
+                QCOMPARE(l.titulo, u"Exportar a ADIF ..."_s);
+        }
+        QFETCH(QStringList, llamadas);
+        for (QString &l : llamadas)
+            if (l.contains(u"%1"_s))
+                l = l.arg(ruta);
+        QCOMPARE(vistas, llamadas);
+
+        QFETCH(QByteArray, calls);
+        const QByteArray texto = b.p.Leer(archivo + u".adi"_s);
+        if (calls == "-") {
+            QVERIFY(!texto.contains("<EOH>"));
+            QCOMPARE(b.p->UsarComentarioComoQslmsg, respuestas.first());
+            QVERIFY(b.p.falsos.escritorio->abiertos.isEmpty());
+            return;
+        }
+        QStringList escritas;
+        static const QRegularExpression call(u"<CALL:\\d+>([^<]*)"_s);
+        for (auto m = call.globalMatch(QString::fromUtf8(texto)); m.hasNext();)
+            escritas << m.next().captured(1);
+        QCOMPARE(escritas.join(u' ').toUtf8(), calls);
+        QVERIFY(texto.contains("<COMMENT:4>it's<QSLMSG:4>it's"));
+        QVERIFY(texto.endsWith("<EOR>\r\n<EOF>\r\n"));
+        // Hidden before the last question; the file offered to a viewer.
+        QVERIFY(!b.f->isVisible());
+        QCOMPARE(b.p.falsos.escritorio->abiertos, QStringList{ruta});
     }
-    b.f->Command3->click();
-    QFETCH(QStringList, estaciones);
-    if (estaciones == QStringList{"?"}) {
-        QCOMPARE(b.f->Label6->text(), u"4"_s); // the list stays as it was
-    } else {
-        QCOMPARE(b.Columna(2), estaciones);
-        QCOMPARE(b.f->Label6->text(), QString::number(estaciones.size()));
+
+    void buscar_data()
+    {
+        QTest::addColumn<QStringList>("teclas"); // "Campo=typed" (Tab after each), or a box
+        QTest::addColumn<QStringList>("estaciones");
+        QTest::addColumn<QStringList>("mensajes");
+        QTest::newRow("corresponsal con ?, en minúsculas; banda sin M")
+            << QStringList{"Text5=lu?xyz*%", "Text7=20"} << QStringList{"LU2XYZ"} << QStringList{};
+        // Confirmed (2) shows only under "Todos"; "Confirmados" lists the uploaded ones.
+        QTest::newRow("argentinos, confirmados")
+            << QStringList{"Check2", "Option3"} << QStringList{"LU2XYZ"} << QStringList{};
+        QTest::newRow("ninguno") << QStringList{"Text3=LU9"} << QStringList{} << QStringList{};
+        QTest::newRow("fecha mala")
+            << QStringList{"Text1=31/02/2024"} << QStringList{"?"}
+            << QStringList{"Error en el formato de fecha!", "Error en el formato de fecha!"};
     }
-    for (QPushButton *boton : {b.f->Command1, b.f->Command6, b.f->Command8})
-        QCOMPARE(boton->isEnabled(), b.f->Label6->text() != u"0");
-    QTEST(b.d().Textos(), "mensajes");
 
-    // "Borrar Filtros": every QSO again, oldest first.
-    b.f->Command4->click();
-    QCOMPARE(b.Columna(2), QStringList({"LU2XYZ", "W1AW", "LU5DEF", "LU2XYZ"}));
-}
+    void buscar()
+    {
+        QFETCH(QStringList, teclas);
+        Busqueda b;
+        QCOMPARE(b.Columna(2), QStringList({"LU2XYZ", "LU5DEF", "W1AW", "LU2XYZ"})); // newest first
+        for (const QString &t : teclas) {
+            const QString campo = t.section(u'=', 0, 0);
+            if (auto *texto = b.f->findChild<QLineEdit *>(campo)) {
+                texto->setFocus();
+                QTest::keyClicks(texto, t.section(u'=', 1));
+                QTest::keyClick(texto, Qt::Key_Tab);
+            } else if (auto *caja = b.f->findChild<QCheckBox *>(campo)) {
+                caja->click();
+            } else {
+                QVERIFY(b.f->findChild<QRadioButton *>(campo)->isEnabled());
+                b.f->findChild<QRadioButton *>(campo)->click();
+            }
+        }
+        b.f->Command3->click();
+        QFETCH(QStringList, estaciones);
+        if (estaciones == QStringList{"?"}) {
+            QCOMPARE(b.f->Label6->text(), u"4"_s); // the list stays as it was
+        } else {
+            QCOMPARE(b.Columna(2), estaciones);
+            QCOMPARE(b.f->Label6->text(), QString::number(estaciones.size()));
+        }
+        for (QPushButton *boton : {b.f->Command1, b.f->Command6, b.f->Command8})
+            QCOMPARE(boton->isEnabled(), b.f->Label6->text() != u"0");
+        QTEST(b.d().Textos(), "mensajes");
 
-void TestForm6::editarUnaFila()
-{
-    Busqueda b;
-    FilaQSO editada;
-    b.f->editar = [&](const FilaQSO &f) { editada = f; };
-    b.f->DobleClicFila(1); // LU5DEF
-    QCOMPARE(editada.Estacion, u"LU5DEF"_s);
-    QCOMPARE(b.p->OrigenEdicion, u"Form6"_s);
+        // "Borrar Filtros": every QSO again, oldest first.
+        b.f->Command4->click();
+        QCOMPARE(b.Columna(2), QStringList({"LU2XYZ", "W1AW", "LU5DEF", "LU2XYZ"}));
+    }
 
-    // Saved in the edit window: the row shows the stored QSO; deleted: it goes.
-    RegistroQSO q;
-    q.Estacion = u"LU5DEG"_s, q.Modo = u"CW"_s, q.Fecha = u"03/05/2024"_s;
-    Hecho(b.p->almacen().ActualizarQSO(editada.id, q));
-    b.f->ActualizarFilaBusqueda(editada.id);
-    QCOMPARE(b.Columna(2), QStringList({"LU2XYZ", "LU5DEG", "W1AW", "LU2XYZ"}));
-    Hecho(b.p->almacen().BorrarQSO(editada.id));
-    b.f->ActualizarFilaBusqueda(editada.id);
-    QCOMPARE(b.Columna(2), QStringList({"LU2XYZ", "W1AW", "LU2XYZ"}));
-    QCOMPARE(b.f->Label6->text(), u"3"_s);
-}
+    void editarUnaFila()
+    {
+        Busqueda b;
+        FilaQSO editada;
+        b.f->editar = [&](const FilaQSO &f) { editada = f; };
+        b.f->DobleClicFila(1); // LU5DEF
+        QCOMPARE(editada.Estacion, u"LU5DEF"_s);
+        QCOMPARE(b.p->OrigenEdicion, u"Form6"_s);
 
-void TestForm6::eqslNoEnviaNada()
-{
-    ServidorHttpPrueba servidor;
-    Busqueda b(servidor.Base());
-    QVERIFY(b.f->Command8->isEnabled());
-    b.f->Command8->click();
-    QCOMPARE(b.d().Textos(Tipo::Informacion), QStringList{u"Momentanemente fuera de servicio"_s});
-    QVERIFY(!servidor.EsperarPedidos(1, 300));
-}
+        // Saved in the edit window: the row shows the stored QSO; deleted: it goes.
+        RegistroQSO q;
+        q.Estacion = u"LU5DEG"_s, q.Modo = u"CW"_s, q.Fecha = u"03/05/2024"_s;
+        Hecho(b.p->almacen().ActualizarQSO(editada.id, q));
+        b.f->ActualizarFilaBusqueda(editada.id);
+        QCOMPARE(b.Columna(2), QStringList({"LU2XYZ", "LU5DEG", "W1AW", "LU2XYZ"}));
+        Hecho(b.p->almacen().BorrarQSO(editada.id));
+        b.f->ActualizarFilaBusqueda(editada.id);
+        QCOMPARE(b.Columna(2), QStringList({"LU2XYZ", "W1AW", "LU2XYZ"}));
+        QCOMPARE(b.f->Label6->text(), u"3"_s);
+    }
 
-void TestForm6::desdeElMenu()
-{
-    Busqueda b;
-    b.f.reset();
-    b.p.Escribir(u"config.ini"_s, "Estacion=LU1AAA\r\nLogenUso=Vacio\r\n");
-    Hecho(b.p->almacen().AgregarLogVacio(u"Vacio"_s));
-    Form1 principal(b.p.ctx());
-    principal.Timer1->stop(), principal.Timer2->stop(), principal.Timer7->stop();
-    principal.Timer2_Timer();
-    ConectarAdif(principal, b.p.ctx(), nullptr);
-    principal.eadif->trigger(); // a log of no QSOs opens nothing
-    QCOMPARE(b.d().Textos(), QStringList{u"No hay QSOs para exportar!"_s});
+    void eqslNoEnviaNada()
+    {
+        ServidorHttpPrueba servidor;
+        Busqueda b(servidor.Base());
+        QVERIFY(b.f->Command8->isEnabled());
+        b.f->Command8->click();
+        QCOMPARE(b.d().Textos(Tipo::Informacion),
+                 QStringList{u"Momentanemente fuera de servicio"_s});
+        QVERIFY(!servidor.EsperarPedidos(1, 300));
+    }
 
-    principal.AbrirLog(kLog);
-    int filas = -1;
-    CuandoAparezcaModal([&](QWidget *w) {
-        filas = qobject_cast<Form6 *>(w)->Lista().rowCount();
-        QVERIFY(principal.ListView2->isHidden());
-        w->close();
-    });
-    principal.eadif->trigger();
-    QCOMPARE(filas, kFilas.size());
-    QVERIFY(!principal.ListView2->isHidden() && !b.p->CargandoBusqueda);
-}
+    void desdeElMenu()
+    {
+        Busqueda b;
+        b.f.reset();
+        b.p.Escribir(u"config.ini"_s, "Estacion=LU1AAA\r\nLogenUso=Vacio\r\n");
+        Hecho(b.p->almacen().AgregarLogVacio(u"Vacio"_s));
+        Form1 principal(b.p.ctx());
+        principal.Timer1->stop(), principal.Timer2->stop(), principal.Timer7->stop();
+        principal.Timer2_Timer();
+        ConectarAdif(principal, b.p.ctx(), nullptr);
+        principal.eadif->trigger(); // a log of no QSOs opens nothing
+        QCOMPARE(b.d().Textos(), QStringList{u"No hay QSOs para exportar!"_s});
+
+        principal.AbrirLog(kLog);
+        int filas = -1;
+        CuandoAparezcaModal([&](QWidget *w) {
+            filas = qobject_cast<Form6 *>(w)->Lista().rowCount();
+            QVERIFY(principal.ListView2->isHidden());
+            w->close();
+        });
+        principal.eadif->trigger();
+        QCOMPARE(filas, kFilas.size());
+        QVERIFY(!principal.ListView2->isHidden() && !b.p->CargandoBusqueda);
+    }
+};
 
 QTEST_MAIN(TestForm6)
 #include "test_form6.moc"

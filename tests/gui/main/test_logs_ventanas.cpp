@@ -58,96 +58,90 @@ class TestLogsVentanas : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void abrirLog_data();
-    void abrirLog();
-    void nuevoLog_data();
-    void nuevoLog();
-    void borrarLog();
-};
+    void abrirLog_data()
+    {
+        QTest::addColumn<int>("tecla"); // after the up arrow; 0: a click on "O'Brien"
+        QTest::addColumn<QString>("log");
+        QTest::newRow("clic") << 0 << "O'Brien";
+        // From the log in use, up once to "O'Brien": moving alone opens nothing.
+        QTest::newRow("flecha y Enter") << int(Qt::Key_Return) << "O'Brien";
+    }
 
-void TestLogsVentanas::abrirLog_data()
-{
-    QTest::addColumn<int>("tecla"); // after the up arrow; 0: a click on "O'Brien"
-    QTest::addColumn<QString>("log");
-    QTest::newRow("clic") << 0 << "O'Brien";
-    // From the log in use, up once to "O'Brien": moving alone opens nothing.
-    QTest::newRow("flecha y Enter") << int(Qt::Key_Return) << "O'Brien";
-}
+    void abrirLog()
+    {
+        QFETCH(int, tecla);
+        Ventana v;
+        QStringList vistas;
+        CuandoAparezcaModal([&](QWidget *w) {
+            if (auto *form3 = qobject_cast<Form3 *>(w)) {
+                QListWidget *l = form3->List1;
+                for (int i = 0; i < l->count(); ++i)
+                    vistas << l->item(i)->text();
+                vistas << l->currentItem()->text();
+                if (tecla)
+                    QTest::keyClick(l, Qt::Key_Up), QTest::keyClick(l, Qt::Key(tecla));
+                else
+                    QTest::mouseClick(l->viewport(), Qt::LeftButton, {},
+                                      l->visualItemRect(l->item(1)).center());
+            }
+            if (w->isVisible()) // a choice that did not close it fails below, not on the clock
+                static_cast<QDialog *>(w)->reject();
+        });
+        v.f->alog->trigger();
+        // Every log with its count, then the current entry: the log in use.
+        QCOMPARE(vistas, QStringList({"alfa (0 QSOs)", "O'Brien (1 QSOs)", "Pruebas (3 QSOs)",
+                                      "Pruebas (3 QSOs)"}));
+        QFETCH(QString, log);
+        v.EnUso(log);
+    }
 
-void TestLogsVentanas::abrirLog()
-{
-    QFETCH(int, tecla);
-    Ventana v;
-    QStringList vistas;
-    CuandoAparezcaModal([&](QWidget *w) {
-        if (auto *form3 = qobject_cast<Form3 *>(w)) {
-            QListWidget *l = form3->List1;
-            for (int i = 0; i < l->count(); ++i)
-                vistas << l->item(i)->text();
-            vistas << l->currentItem()->text();
-            if (tecla)
-                QTest::keyClick(l, Qt::Key_Up), QTest::keyClick(l, Qt::Key(tecla));
-            else
-                QTest::mouseClick(l->viewport(), Qt::LeftButton, {},
-                                  l->visualItemRect(l->item(1)).center());
+    void nuevoLog_data()
+    {
+        QTest::addColumn<QStringList>("respuestas"); // "-": Cancelar
+        QTest::addColumn<QString>("logEnUso");
+        QTest::newRow("con apóstrofo") << QStringList{"Log d'Ana"} << "Log d'Ana";
+        // A name taken in another case is refused and asked again.
+        QTest::newRow("tomado, y otra vez") << QStringList{"pruebas", "o'BRIEN", "Otro"} << "Otro";
+        QTest::newRow("tomado y cancelar") << QStringList{"ALFA", "-"} << "Pruebas";
+    }
+
+    void nuevoLog()
+    {
+        QFETCH(QStringList, respuestas);
+        QFETCH(QString, logEnUso);
+        Ventana v;
+        QStringList avisos;
+        for (const QString &r : respuestas) {
+            v.d().entradas.enqueue(r == u"-" ? std::nullopt : std::optional(r));
+            if (r != logEnUso && r != u"-")
+                avisos << u"El log %1 ya existe!"_s.arg(r);
         }
-        if (w->isVisible()) // a choice that did not close it fails below, not on the clock
-            static_cast<QDialog *>(w)->reject();
-    });
-    v.f->alog->trigger();
-    // Every log with its count, then the current entry: the log in use.
-    QCOMPARE(vistas, QStringList({"alfa (0 QSOs)", "O'Brien (1 QSOs)", "Pruebas (3 QSOs)",
-                                  "Pruebas (3 QSOs)"}));
-    QFETCH(QString, log);
-    v.EnUso(log);
-}
-
-void TestLogsVentanas::nuevoLog_data()
-{
-    QTest::addColumn<QStringList>("respuestas"); // "-": Cancelar
-    QTest::addColumn<QString>("logEnUso");
-    QTest::newRow("con apóstrofo") << QStringList{"Log d'Ana"} << "Log d'Ana";
-    // A name taken in another case is refused and asked again.
-    QTest::newRow("tomado, y otra vez") << QStringList{"pruebas", "o'BRIEN", "Otro"} << "Otro";
-    QTest::newRow("tomado y cancelar") << QStringList{"ALFA", "-"} << "Pruebas";
-}
-
-void TestLogsVentanas::nuevoLog()
-{
-    QFETCH(QStringList, respuestas);
-    QFETCH(QString, logEnUso);
-    Ventana v;
-    QStringList avisos;
-    for (const QString &r : respuestas) {
-        v.d().entradas.enqueue(r == u"-" ? std::nullopt : std::optional(r));
-        if (r != logEnUso && r != u"-")
-            avisos << u"El log %1 ya existe!"_s.arg(r);
+        v.f->nuevo->trigger();
+        QCOMPARE(v.d().Textos(Tipo::Exclamacion), avisos);
+        QCOMPARE(v.p->almacen().Logs().size(), logEnUso == u"Pruebas" ? 3 : 4);
+        v.EnUso(logEnUso);
     }
-    v.f->nuevo->trigger();
-    QCOMPARE(v.d().Textos(Tipo::Exclamacion), avisos);
-    QCOMPARE(v.p->almacen().Logs().size(), logEnUso == u"Pruebas" ? 3 : 4);
-    v.EnUso(logEnUso);
-}
 
-void TestLogsVentanas::borrarLog()
-{
-    Ventana v;
-    // Each step deletes the log in use if told so; the one that takes over is the first
-    // left, "alfa" whatever the case of its letters, and "Base 1" after the last.
-    for (const auto &[si, despues] :
-         {std::pair{false, "Pruebas"}, {true, "alfa"}, {true, "O'Brien"}, {true, "Base 1"}}) {
-        const QString enUso = v.p->LogenUso, rotulo = v.f->Label6->text();
-        v.d().Limpiar();
-        v.d().respuestasSiNo.enqueue(si);
-        v.f->borralog->trigger();
-        QCOMPARE(
-            v.d().Textos(Tipo::PreguntaSiNo),
-            QStringList{
-                u"Esta seguro de borrar %1\r\n\r\nlos QSOs no podrán recuperarse!"_s.arg(rotulo)});
-        QCOMPARE(v.p->almacen().Logs().contains(enUso), !si);
-        v.EnUso(QString::fromUtf8(despues));
+    void borrarLog()
+    {
+        Ventana v;
+        // Each step deletes the log in use if told so; the one that takes over is the first
+        // left, "alfa" whatever the case of its letters, and "Base 1" after the last.
+        for (const auto &[si, despues] :
+             {std::pair{false, "Pruebas"}, {true, "alfa"}, {true, "O'Brien"}, {true, "Base 1"}}) {
+            const QString enUso = v.p->LogenUso, rotulo = v.f->Label6->text();
+            v.d().Limpiar();
+            v.d().respuestasSiNo.enqueue(si);
+            v.f->borralog->trigger();
+            QCOMPARE(v.d().Textos(Tipo::PreguntaSiNo),
+                     QStringList{
+                         u"Esta seguro de borrar %1\r\n\r\nlos QSOs no podrán recuperarse!"_s.arg(
+                             rotulo)});
+            QCOMPARE(v.p->almacen().Logs().contains(enUso), !si);
+            v.EnUso(QString::fromUtf8(despues));
+        }
     }
-}
+};
 
 QTEST_MAIN(TestLogsVentanas)
 #include "test_logs_ventanas.moc"
