@@ -10,9 +10,10 @@
 #include "gui/adif/Form12.h"
 #include "gui/contest/Concursos.h"
 #include "gui/editing/Form5.h"
-#include "gui/main/Actualizaciones.h"
 #include "gui/lookup/Form33.h"
+#include "gui/main/Actualizaciones.h"
 #include "gui/main/Form1.h"
+#include "gui/nationallog/Form14.h"
 #include "gui/nationallog/VentanaSubida.h"
 #include "gui/platform/DialogosQt.h"
 #include "gui/platform/EscritorioQt.h"
@@ -78,7 +79,11 @@ int main(int argc, char *argv[])
 
     Form1 ventana(contexto);
     Form5 *edicion = ConectarEdicion(ventana, contexto);
-    ConectarAdif(ventana, contexto, edicion);
+    const LbNConectado lbn = ConectarLbN(ventana, contexto);
+    ConectarAdif(ventana, contexto, edicion,
+                 [provincias = lbn.provincias](const QVector<FilaQSO> &filas) {
+                     provincias->TablaDesdeBusqueda(filas);
+                 });
     ConectarImportacion(ventana, contexto);
     ConectarSatelites(ventana, contexto);
     ConectarActualizaciones(ventana, contexto);
@@ -88,7 +93,6 @@ int main(int argc, char *argv[])
                           ExportarConcursoAdif(contexto, concurso, senal);
                       });
     ConectarConsultas(ventana, contexto, edicion);
-    ConectarLbN(ventana, contexto);
     ventana.show();
     return app.exec();
 }

@@ -105,6 +105,9 @@ public:
     // The last answer to "Desea usar el campo COMMENT como QSLMSG?": the search export and
     // the national service's upload both ask it and both read it.
     bool UsarComentarioComoQslmsg = false;
+    // The national log refused the account or the callsign in the search window's last
+    // upload: its member list says so.
+    bool AbortarEnvio = false;
 
     // Ends the program at once (the first start cancelled, the closing run done).
     // main.cpp leaves the event loop; a test replaces it to see that it was asked.

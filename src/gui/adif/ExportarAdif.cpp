@@ -78,7 +78,8 @@ void RespaldarBaseDatos(Contexto &ctx)
 namespace {
 
 // Opens the search window on the log in use, modally, and leaves the main view as fresh.
-void AbrirBusqueda(Form1 &principal, Contexto &ctx, const QPointer<Form5> &edicion)
+void AbrirBusqueda(Form1 &principal, Contexto &ctx, const QPointer<Form5> &edicion,
+                   const std::function<void(const QVector<FilaQSO> &)> &tablaProvincias)
 {
     ctx.CargandoBusqueda = true;
     principal.VistaEnEspera(true);
@@ -91,6 +92,7 @@ void AbrirBusqueda(Form1 &principal, Contexto &ctx, const QPointer<Form5> &edici
     }
     Form6 busqueda(ctx, &principal);
     busqueda.Cargar();
+    busqueda.tablaProvincias = tablaProvincias;
     principal.VistaEnEspera(false);
     busqueda.editar = [&principal](const FilaQSO &fila) {
         if (principal.abrirEdicion)
@@ -116,13 +118,15 @@ void AbrirRespaldoAdif(Form1 &principal, Contexto &ctx)
 
 } // namespace
 
-void ConectarAdif(Form1 &principal, Contexto &ctx, Form5 *edicion)
+void ConectarAdif(Form1 &principal, Contexto &ctx, Form5 *edicion,
+                  std::function<void(const QVector<FilaQSO> &)> tablaProvincias)
 {
     for (QAction *a : {principal.eadif, principal.badeda, principal.badif})
         a->setEnabled(true);
     QObject::connect(principal.eadif, &QAction::triggered, &principal,
-                     [&principal, &ctx, ventana = QPointer<Form5>(edicion)] {
-                         AbrirBusqueda(principal, ctx, ventana);
+                     [&principal, &ctx, ventana = QPointer<Form5>(edicion),
+                      tablaProvincias = std::move(tablaProvincias)] {
+                         AbrirBusqueda(principal, ctx, ventana, tablaProvincias);
                      });
     QObject::connect(principal.badeda, &QAction::triggered, &principal,
                      [&ctx] { RespaldarBaseDatos(ctx); });

@@ -6,6 +6,8 @@
 #include "core/adif/ExportacionAdif.h"
 
 #include <QString>
+#include <QVector>
+#include <functional>
 
 class Contexto;
 class Form1;
@@ -29,5 +31,7 @@ void RespaldarBaseDatos(Contexto &ctx);
 
 // Enables the entries "Buscar/Exportar", "Base de Datos" and "ADIF" of the main window
 // and opens their windows. The edit window is the one the main window uses; while the
-// search window is open, its saves and deletes refresh the search's row.
-void ConectarAdif(Form1 &principal, Contexto &ctx, Form5 *edicion);
+// search window is open, its saves and deletes refresh the search's row. The search
+// window's table button hands its rows to tablaProvincias.
+void ConectarAdif(Form1 &principal, Contexto &ctx, Form5 *edicion,
+                  std::function<void(const QVector<FilaQSO> &)> tablaProvincias = {});

@@ -17,9 +17,12 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStyle>
 #include <QTableView>
+#include <QTextEdit>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -142,7 +145,13 @@ void Form6::Crear()
     Command1 = Boton(this, "Command1", QStringLiteral("Exportar ADIF"));
     Command6 = Boton(this, "Command6", QStringLiteral("Subir a LbN"));
     Command8 = Boton(this, "Command8", QStringLiteral("Subir a eQSL"));
+    // The table of provinces is a picture button, read by its name.
+    Command5 = Boton(this, "Command5", QString());
+    Command5->setIcon(style()->standardIcon(QStyle::SP_FileDialogDetailedView));
+    Command5->setAccessibleName(QStringLiteral("Tabla de provincias"));
+    Command5->setToolTip(QStringLiteral("Tabla de provincias"));
     auto *abajo = new QHBoxLayout;
+    abajo->addWidget(Command5);
     abajo->addWidget(Label6);
     abajo->addWidget(Label13);
     abajo->addStretch();
@@ -154,11 +163,32 @@ void Form6::Crear()
     auto *todo = new QVBoxLayout(this);
     todo->addLayout(arriba);
     todo->addWidget(ListView2, 1);
+    CrearRespuestas();
+    todo->addWidget(Frame5);
     todo->addLayout(abajo);
 
     Timer1 = new QTimer(this);
     Timer1->setObjectName(QStringLiteral("Timer1"));
     Timer1->setInterval(250);
+}
+
+void Form6::CrearRespuestas()
+{
+    Frame5 = ::Crear<QGroupBox>(this, "Frame5");
+    Frame5->setTitle(QStringLiteral("Respuesta de Libro Nacional ..."));
+    RichTextBox1 = ::Crear<QTextEdit>(Frame5, "RichTextBox1");
+    RichTextBox1->setReadOnly(true);
+    RichTextBox1->setAccessibleName(QStringLiteral("Respuesta de Libro Nacional"));
+    RichTextBox1->setMinimumHeight(Px(1500));
+    ProgressBar1 = ::Crear<QProgressBar>(Frame5, "ProgressBar1");
+    Command7 = Boton(Frame5, "Command7", QStringLiteral("Cerrar"));
+    auto *marco = new QVBoxLayout(Frame5);
+    marco->addWidget(RichTextBox1);
+    auto *pie = new QHBoxLayout;
+    pie->addWidget(ProgressBar1, 1);
+    pie->addWidget(Command7);
+    marco->addLayout(pie);
+    Frame5->setVisible(false);
 }
 
 void Form6::Conectar()
@@ -172,10 +202,9 @@ void Form6::Conectar()
     connect(Command2, &QPushButton::clicked, this, [this] { Command2_Click(); });
     connect(Command1, &QPushButton::clicked, this, [this] { Command1_Click(); });
     connect(Command8, &QPushButton::clicked, this, [this] { Command8_Click(); });
-    connect(Command6, &QPushButton::clicked, this, [this] {
-        if (subirLbN)
-            subirLbN();
-    });
+    connect(Command6, &QPushButton::clicked, this, [this] { Command6_Click(); });
+    connect(Command5, &QPushButton::clicked, this, [this] { Command5_Click(); });
+    connect(Command7, &QPushButton::clicked, Frame5, &QWidget::hide);
     connect(Check2, &QCheckBox::clicked, this, [this] { Check2_Click(); });
     connect(ListView2->horizontalHeader(), &QHeaderView::sectionClicked, this,
             &Form6::OrdenarPorColumna);

@@ -14,7 +14,10 @@ class QComboBox;
 class QGroupBox;
 class QLabel;
 class QLineEdit;
+class QProgressBar;
 class QPushButton;
+class QTextEdit;
+class SubidaBusqueda;
 class QRadioButton;
 class QTableView;
 class QTimer;
@@ -35,15 +38,17 @@ public:
     const ModeloBusqueda &Lista() const { return *modelo_; }
 
     // Seams handed in by whoever opens the window: the edit window for a row (read again
-    // from the store), and the upload of the listed rows to the national service.
+    // from the store), and the province award built from the listed rows.
     std::function<void(const FilaQSO &)> editar;
-    std::function<void()> subirLbN;
+    std::function<void(const QVector<FilaQSO> &)> tablaProvincias;
 
     void Command3_Click(); // "Buscar"
     void Command4_Click(); // "Borrar Filtros"
     void Command2_Click(); // "Buscar" by Combo1 and Combo2
     void Command1_Click(); // "Exportar ADIF"
     void Command8_Click(); // "Subir a eQSL"
+    void Command6_Click(); // "Subir a LbN"
+    void Command5_Click(); // the table of provinces
     void Check2_Click();
     void OrdenarPorColumna(int columna);
     void DobleClicFila(int fila);
@@ -60,12 +65,21 @@ public:
     QComboBox *Combo1 = nullptr, *Combo2 = nullptr;
     QTableView *ListView2 = nullptr;
     QPushButton *Command1 = nullptr, *Command6 = nullptr, *Command8 = nullptr;
-    QLabel *Label6 = nullptr;  // the number of rows listed
-    QLabel *Label13 = nullptr; // "Buscando ...", blinking while a search runs
+    QPushButton *Command5 = nullptr; // a picture: the table of provinces
+    // "Respuesta de Libro Nacional ...": the replies of an upload, one line each.
+    QGroupBox *Frame5 = nullptr;
+    QTextEdit *RichTextBox1 = nullptr;
+    QProgressBar *ProgressBar1 = nullptr;
+    QPushButton *Command7 = nullptr; // "Cerrar"
+    QLabel *Label6 = nullptr;        // the number of rows listed
+    QLabel *Label13 = nullptr;       // "Buscando ...", blinking while a search runs
     QTimer *Timer1 = nullptr;
 
 public Q_SLOTS:
     void Timer1_Timer();
+
+    // Closing stops an upload between two QSOs.
+    void done(int resultado) override;
 
 protected:
     bool eventFilter(QObject *objeto, QEvent *evento) override;
@@ -79,8 +93,10 @@ private:
     void Mostrar(QVector<qint64> ids);
     void Contar();
     void Buscando(bool si);
+    void CrearRespuestas();
 
     Contexto &ctx;
     ModeloBusqueda *modelo_ = nullptr;
     bool ordenAscendente_ = false;
+    SubidaBusqueda *subida_ = nullptr; // the upload running, if any
 };

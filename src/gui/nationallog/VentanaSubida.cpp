@@ -70,6 +70,7 @@ LbNConectado ConectarLbN(Form1 &principal, Contexto &ctx)
         *c.ventanaSubida);
 
     Form14 *provincias = c.provincias;
+    provincias->subidaAbortada = [&ctx] { return ctx.AbortarEnvio; };
     principal.provinciasLbN = [provincias] { provincias->parg_Click(); };
     principal.parg->setEnabled(true);
 
@@ -82,8 +83,7 @@ LbNConectado ConectarLbN(Form1 &principal, Contexto &ctx)
             principal.conf->trigger();
         else if (fin == CorridaMenu::Fin::Completa || fin == CorridaMenu::Fin::Cancelada ||
                  fin == CorridaMenu::Fin::SinConexion) {
-            principal.ListView2->clear();
-            principal.CargarLog(1);
+            principal.CargarLogDesdeElPrincipio();
         }
     };
     // The program's end stops a run between two QSOs.

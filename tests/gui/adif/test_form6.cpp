@@ -13,6 +13,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -21,6 +22,7 @@
 #include <QRegularExpression>
 #include <QTableView>
 #include <QTest>
+#include <QTextEdit>
 #include <QTimer>
 #include <QTreeWidget>
 
@@ -235,6 +237,53 @@ private Q_SLOTS:
         QCOMPARE(b.d().Textos(Tipo::Informacion),
                  QStringList{u"Momentanemente fuera de servicio"_s});
         QVERIFY(!servidor.EsperarPedidos(1, 300));
+    }
+
+    // The upload with the lookup account: one line a reply in its colour, a refused
+    // password ends the run and is remembered for the member list, and no row changes.
+    void subirALbN_data()
+    {
+        QTest::addColumn<QByteArray>("respuesta");
+        QTest::addColumn<int>("pedidos");
+        QTest::addColumn<QString>("color"); // of the last line
+        QTest::newRow("guardados") << QByteArray("a b c d e Guardado") << 4 << u"#004000"_s;
+        QTest::newRow("contraseña") << QByteArray("Error de Contraseña!") << 1 << u"#ff0000"_s;
+    }
+    void subirALbN()
+    {
+        QFETCH(QByteArray, respuesta);
+        QFETCH(int, pedidos);
+        ServidorHttpPrueba servidor;
+        servidor.ResponderPrefijo(u"/php/"_s, respuesta);
+        Busqueda b(servidor.Base());
+        b.p->config().LBNQuser = u"yo@x.com"_s, b.p->config().LBNQpass = u"clave"_s;
+        const QVector<FilaQSO> antes = b.p->almacen().QSOsPorIds(b.f->Lista().Ids());
+        b.d().respuestasSiNo.enqueue(false); // no QSLMSG
+        b.f->Command6->click();
+        QCOMPARE(servidor.pedidos.size(), pedidos);
+        const QStringList lineas = b.f->RichTextBox1->toPlainText().split(u'\n');
+        QCOMPARE(lineas.size(), pedidos + 1);
+        QCOMPARE(lineas.first(), u"Conectando con LbN ..."_s);
+        QTEST(b.f->RichTextBox1->textColor().name(), "color");
+        QVERIFY(b.f->Frame5->isVisible() && b.f->Command7->isEnabled());
+        QCOMPARE(b.p->AbortarEnvio, pedidos == 1);
+        QCOMPARE(b.p->almacen().QSOsPorIds(b.f->Lista().Ids()), antes);
+        b.f->Command7->click();
+        QVERIFY(!b.f->Frame5->isVisible());
+    }
+
+    // The table of provinces takes the whole list, whatever the filters had left.
+    void tablaDeProvincias()
+    {
+        Busqueda b;
+        QVector<FilaQSO> recibidas;
+        b.f->tablaProvincias = [&](const QVector<FilaQSO> &filas) { recibidas = filas; };
+        b.f->Text5->setText(u"W1AW"_s);
+        b.f->Command3_Click();
+        QCOMPARE(b.f->Lista().rowCount(), 1);
+        b.f->Command5->click();
+        QCOMPARE(recibidas.size(), kFilas.size());
+        QVERIFY(!b.f->Command5->isEnabled());
     }
 
     void desdeElMenu()
