@@ -25,7 +25,7 @@ wm=$!
 trap 'kill $wm $xvfb 2>/dev/null' EXIT
 
 # captura NOMBRE TITULO [PASO...]: starts the program over a fresh copy of the demonstration
-# folder, runs the steps ("tecla:ctrl+c", "texto:LU7HF", "espera:2"), waits for the window
+# folder, runs the steps ("tecla:ctrl+c", "texto:LU7HF", "espera:2", "clic:486,89"), waits for the window
 # whose title matches TITULO and saves docs/NOMBRE.png.
 captura() {
     local nombre=$1 titulo=$2
@@ -44,6 +44,9 @@ captura() {
         tecla:*) xdotool key --delay 120 "${paso#tecla:}" ;;
         texto:*) xdotool type --delay 60 "${paso#texto:}" ;;
         espera:*) sleep "${paso#espera:}" ;;
+        clic:*) # x,y inside the main window, as its picture shows it
+            local xy=${paso#clic:}
+            xdotool mousemove --window "$principal" "${xy%,*}" "${xy#*,}" click 1 ;;
         esac
         sleep 0.4
     done
@@ -66,9 +69,10 @@ captura() {
 hasta_satelite=(tecla:Tab tecla:Tab tecla:Tab tecla:Tab tecla:Tab tecla:Tab tecla:Tab tecla:Tab
                 tecla:Tab tecla:Tab tecla:Tab tecla:space espera:1)
 # captura satelites '^Carancho Radiolog V' "${hasta_satelite[@]}"
-# captura editar-satelites '^Editar Satélites' "${hasta_satelite[@]}" tecla:Tab tecla:Tab tecla:space
-captura exportar '^Exportar' tecla:ctrl+b
-captura respaldo '^Back Up' tecla:ctrl+f
+captura editar-satelites '^Editar Satélites' "${hasta_satelite[@]}" clic:486,89
+captura provincias '^Argentina en LbN' tecla:ctrl+p
+# captura exportar '^Exportar' tecla:ctrl+b
+# captura respaldo '^Back Up' tecla:ctrl+f
 # captura importar '^Importar ADIF' tecla:ctrl+i
 # captura concursos '^Logs Cabrillos' tecla:ctrl+o
 # captura concurso '^Cabrillo \.\.\.$' tecla:ctrl+o texto:'FIESTA DE LA RADIO' tecla:Return
