@@ -25,7 +25,8 @@ wm=$!
 trap 'kill $wm $xvfb 2>/dev/null' EXIT
 
 # captura NOMBRE TITULO [PASO...]: starts the program over a fresh copy of the demonstration
-# folder, runs the steps ("tecla:ctrl+c", "texto:LU7HF", "espera:2", "clic:486,89"), waits for the window
+# folder, runs the steps ("tecla:ctrl+c", "texto:LU7HF", "espera:2", "clic:486,89" or
+# "dobleclic:100,282" inside the active window), waits for the window
 # whose title matches TITULO and saves docs/NOMBRE.png.
 captura() {
     local nombre=$1 titulo=$2
@@ -44,9 +45,13 @@ captura() {
         tecla:*) xdotool key --delay 120 "${paso#tecla:}" ;;
         texto:*) xdotool type --delay 60 "${paso#texto:}" ;;
         espera:*) sleep "${paso#espera:}" ;;
-        clic:*) # x,y inside the main window, as its picture shows it
+        clic:*) # x,y inside the active window, as its picture shows it
             local xy=${paso#clic:}
-            xdotool mousemove --window "$principal" "${xy%,*}" "${xy#*,}" click 1 ;;
+            xdotool mousemove --window "$(xdotool getactivewindow)" "${xy%,*}" "${xy#*,}" click 1 ;;
+        dobleclic:*)
+            local xy=${paso#dobleclic:}
+            xdotool mousemove --window "$(xdotool getactivewindow)" "${xy%,*}" "${xy#*,}" \
+                click --repeat 2 --delay 80 1 ;;
         esac
         sleep 0.4
     done
@@ -69,12 +74,16 @@ captura() {
 hasta_satelite=(tecla:Tab tecla:Tab tecla:Tab tecla:Tab tecla:Tab tecla:Tab tecla:Tab tecla:Tab
                 tecla:Tab tecla:Tab tecla:Tab tecla:space espera:1)
 # captura satelites '^Carancho Radiolog V' "${hasta_satelite[@]}"
-captura editar-satelites '^Editar Satélites' "${hasta_satelite[@]}" clic:486,89
-captura provincias '^Argentina en LbN' tecla:ctrl+p
+# captura editar-satelites '^Editar Satélites' "${hasta_satelite[@]}" clic:486,89
+# captura provincias '^Argentina en LbN' tecla:ctrl+p
 # captura exportar '^Exportar' tecla:ctrl+b
 # captura respaldo '^Back Up' tecla:ctrl+f
 # captura importar '^Importar ADIF' tecla:ctrl+i
 # captura concursos '^Logs Cabrillos' tecla:ctrl+o
 # captura concurso '^Cabrillo \.\.\.$' tecla:ctrl+o texto:'FIESTA DE LA RADIO' tecla:Return
+un_qso=(tecla:ctrl+o texto:'FIESTA DE LA RADIO' tecla:Return espera:1 texto:lu7hf tecla:Tab
+        tecla:Tab texto:5 tecla:Return espera:1)
+# captura encabezado '^Encabezado de' "${un_qso[@]}" clic:509,537
+captura registro '^Edición de Registro' "${un_qso[@]}" dobleclic:100,282
 # captura acerca '^Acerca de' tecla:ctrl+r
 # captura cierre '^Carancho Radiolog$' tecla:ctrl+s tecla:alt+s
