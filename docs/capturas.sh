@@ -12,7 +12,7 @@ demo=./build/tools/manual/radiolog-demo
 [ -d build ] || { echo "Primero: ./radiolog.sh"; exit 1; }
 # Only the program and the demonstration: the manual itself may be waiting for these pictures.
 cmake --build build --target carancho-radiolog radiolog-demo >/dev/null
-for p in xvfb xdotool imagemagick openbox; do
+for p in xvfb xdotool imagemagick openbox python3; do
     dpkg -s "$p" >/dev/null 2>&1 || sudo apt-get install -y --no-install-recommends "$p"
 done
 
@@ -22,7 +22,15 @@ xvfb=$!
 sleep 1
 openbox --sm-disable >/dev/null 2>&1 &
 wm=$!
-trap 'kill $wm $xvfb 2>/dev/null' EXIT
+# The web services answer from here, with a made-up station, so that the pictures show
+# what an operator sees and nothing leaves the machine.
+web=$(mktemp -d)
+mkdir -p "$web/php"
+printf '<call>LU7HF</call><name>Juan Pérez</name><addr1>Av. Colón 1234</addr1><addr2>Córdoba</addr2><grid>FF78</grid><email>lu7hf@ejemplo.org</email><ultimo>17/10/2026</ultimo>' \
+    >"$web/php/carancho_lbn.php"
+python3 -m http.server 8765 --bind 127.0.0.1 --directory "$web" >/dev/null 2>&1 &
+servidor=$!
+trap 'kill $wm $xvfb $servidor 2>/dev/null; rm -rf "$web"' EXIT
 
 # captura NOMBRE TITULO [PASO...]: starts the program over a fresh copy of the demonstration
 # folder, runs the steps ("tecla:ctrl+c", "texto:LU7HF", "espera:2", "clic:486,89" or
@@ -34,6 +42,8 @@ captura() {
     local datos
     datos=$(mktemp -d)
     "$demo" "$datos/carancho-radiolog"
+    printf 'LbN=http://127.0.0.1:8765\r\nQRZ=http://127.0.0.1:8765\r\nSitio=http://127.0.0.1:8765\r\nAMSAT=http://127.0.0.1:8765\r\nHamQTH=http://127.0.0.1:8765\r\n' \
+        >"$datos/carancho-radiolog/servicios.ini"
     XDG_DATA_HOME=$datos "$app" >/dev/null 2>&1 &
     local pid=$!
     local principal
@@ -84,6 +94,7 @@ hasta_satelite=(tecla:Tab tecla:Tab tecla:Tab tecla:Tab tecla:Tab tecla:Tab tecl
 un_qso=(tecla:ctrl+o texto:'FIESTA DE LA RADIO' tecla:Return espera:1 texto:lu7hf tecla:Tab
         tecla:Tab texto:5 tecla:Return espera:1)
 # captura encabezado '^Encabezado de' "${un_qso[@]}" clic:509,537
-captura registro '^Edición de Registro' "${un_qso[@]}" dobleclic:100,282
+# captura registro '^Edición de Registro' "${un_qso[@]}" dobleclic:100,282
+captura consulta-lbn '^Libro Nacional$' texto:lu7hf tecla:ctrl+l espera:1
 # captura acerca '^Acerca de' tecla:ctrl+r
 # captura cierre '^Carancho Radiolog$' tecla:ctrl+s tecla:alt+s
