@@ -7,6 +7,7 @@
 #include "core/context/Contexto.h"
 #include "gui/adif/Form6.h"
 #include "gui/main/Form1.h"
+#include "gui/nationallog/Form14.h"
 #include "support/ServiciosFalsos.h"
 
 #include <QApplication>
@@ -14,6 +15,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QLineEdit>
+#include <QTimer>
 #include <cstdio>
 
 namespace {
@@ -134,6 +136,16 @@ int main(int argc, char **argv)
         const double abrirBusqueda = Ms(t);
         std::printf("Abrir Buscar/Exportar (Ctrl+B):    %8.1f ms, memoria %.1f MB\n", abrirBusqueda,
                     ResidenteKb() / 1024.0);
+    }
+    // Ctrl+P: the province award read and computed from the whole log, as each showing does.
+    t.restart();
+    {
+        Form14 provincias(ctx);
+        QTimer::singleShot(0, &provincias, &QDialog::accept);
+        provincias.parg_Click();
+        const double abrirProvincias = Ms(t);
+        std::printf("Abrir Provincias Argentinas (Ctrl+P): %5.1f ms, memoria %.1f MB\n",
+                    abrirProvincias, ResidenteKb() / 1024.0);
     }
 
     std::printf(

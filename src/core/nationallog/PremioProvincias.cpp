@@ -3,6 +3,8 @@
 #include "core/rules/Numeros.h"
 #include "core/rules/Senales.h"
 
+#include "core/store/Almacen.h"
+
 #include <QHash>
 
 const QStringList &ColumnasPremio()
@@ -33,53 +35,56 @@ void Mejorar(int &celda, const QString &lbn)
 
 } // namespace
 
-GrillaPremio CalcularPremio(const QVector<FilaQSO> &filas, bool conGrillas)
+CalculoPremio::CalculoPremio(bool conGrillas)
+    : conGrillas_(conGrillas)
 {
     const QStringList &provincias = NombresProvincias();
     const QStringList &columnas = ColumnasPremio();
-    GrillaPremio g;
     std::array<int, GrillaPremio::kColumnas> vacia;
     vacia.fill(-1);
-    g.celdas.fill(vacia, provincias.size());
-    g.mejor.fill(-1, provincias.size());
-
-    QHash<QString, int> fila, columna;
+    g_.celdas.fill(vacia, provincias.size());
+    g_.mejor.fill(-1, provincias.size());
     for (int i = 0; i < provincias.size(); ++i)
-        fila.insert(provincias[i], i);
+        fila_.insert(provincias[i], i);
     // The eleven bands by their names; "Sat" only by a satellite's name.
     for (int j = 0; j + 1 < columnas.size(); ++j)
-        columna.insert(columnas[j], j);
-    const int sat = columnas.size() - 1;
+        columna_.insert(columnas[j], j);
+}
 
-    for (const FilaQSO &f : filas) {
-        if (conGrillas) {
-            const QString grilla = f.SuGrid.trimmed();
-            if (!grilla.isEmpty()) {
-                QStringList &lista = static_cast<int>(NumeroInicial(f.LbN)) == 2
-                                         ? g.grillasConfirmadas
-                                         : g.grillasTrabajadas;
-                if (!lista.contains(grilla))
-                    lista << grilla;
+void CalculoPremio::Agregar(const FilaQSO &f)
+{
+    if (conGrillas_) {
+        const QString grilla = f.SuGrid.trimmed();
+        if (!grilla.isEmpty()) {
+            const bool confirmada = static_cast<int>(NumeroInicial(f.LbN)) == 2;
+            QSet<QString> &vistas = confirmada ? confirmadas_ : trabajadas_;
+            if (!vistas.contains(grilla)) {
+                vistas.insert(grilla);
+                (confirmada ? g_.grillasConfirmadas : g_.grillasTrabajadas) << grilla;
             }
         }
-        const auto p = fila.constFind(f.Argento);
-        if (p == fila.constEnd())
-            continue;
-        auto &celdas = g.celdas[*p];
-        const auto c = columna.constFind(f.Banda.toLower());
-        if (c != columna.constEnd())
-            Mejorar(celdas[*c], f.LbN);
-        if (!f.Nombre_Sat.isEmpty())
-            Mejorar(celdas[sat], f.LbN);
     }
+    const auto p = fila_.constFind(f.Argento);
+    if (p == fila_.constEnd())
+        return;
+    auto &celdas = g_.celdas[*p];
+    const auto c = columna_.constFind(f.Banda.toLower());
+    if (c != columna_.constEnd())
+        Mejorar(celdas[*c], f.LbN);
+    if (!f.Nombre_Sat.isEmpty())
+        Mejorar(celdas[GrillaPremio::kColumnas - 1], f.LbN);
+}
 
-    for (int i = 0; i < provincias.size(); ++i) {
+GrillaPremio CalculoPremio::Terminar()
+{
+    GrillaPremio g = std::move(g_);
+    for (int i = 0; i < g.celdas.size(); ++i) {
         for (int v : g.celdas[i])
             g.mejor[i] = qMax(g.mejor[i], v);
         if (g.mejor[i] == 2)
             ++g.provinciasConfirmadas;
     }
-    for (int j = 0; j < columnas.size(); ++j) {
+    for (int j = 0; j < GrillaPremio::kColumnas; ++j) {
         int confirmadas = 0, subidas = 0;
         for (const auto &celdas : g.celdas) {
             confirmadas += celdas[j] == 2;
@@ -87,9 +92,27 @@ GrillaPremio CalcularPremio(const QVector<FilaQSO> &filas, bool conGrillas)
         }
         g.totales << QString::number(confirmadas) + QLatin1Char('/') + QString::number(subidas);
     }
-    for (const QString &confirmada : std::as_const(g.grillasConfirmadas))
-        g.grillasTrabajadas.removeAll(confirmada);
+    g.grillasTrabajadas.removeIf(
+        [this](const QString &grilla) { return confirmadas_.contains(grilla); });
     return g;
+}
+
+GrillaPremio CalcularPremio(const QVector<FilaQSO> &filas, bool conGrillas)
+{
+    CalculoPremio calculo(conGrillas);
+    for (const FilaQSO &f : filas)
+        calculo.Agregar(f);
+    return calculo.Terminar();
+}
+
+GrillaPremio CalcularPremioDelLog(Almacen &almacen, const QString &log)
+{
+    CalculoPremio calculo(true);
+    static_cast<void>(almacen.RecorrerParaPremio(log, [&](const FilaQSO &f) {
+        calculo.Agregar(f);
+        return true;
+    }));
+    return calculo.Terminar();
 }
 
 int ColorProvincia(int mejor)

@@ -4,6 +4,8 @@
 
 #include "core/store/RegistroQSO.h"
 
+#include <QHash>
+#include <QSet>
 #include <QStringList>
 #include <QVector>
 #include <array>
@@ -22,9 +24,30 @@ struct GrillaPremio
     QStringList grillasConfirmadas, grillasTrabajadas; // a confirmed grid is in one list only
 };
 
-// The grid of the rows given, in one pass. conGrillas false leaves the grid lists empty,
-// as the table built from the search window does.
+// The grid built row by row, in log order (oldest first), in one pass: the grid lists keep
+// each locator where it first came. conGrillas false leaves the grid lists empty, as the
+// table built from the search window does.
+class CalculoPremio
+{
+public:
+    explicit CalculoPremio(bool conGrillas = true);
+    // Reads the row's Argento, Banda, Nombre_Sat, LbN and SuGrid.
+    void Agregar(const FilaQSO &fila);
+    GrillaPremio Terminar();
+
+private:
+    bool conGrillas_;
+    GrillaPremio g_;
+    QHash<QString, int> fila_, columna_;
+    QSet<QString> confirmadas_, trabajadas_;
+};
+
+// The grid of the rows given.
 GrillaPremio CalcularPremio(const QVector<FilaQSO> &filas, bool conGrillas = true);
+// The grid of a whole log, read from the store a row at a time: a log of a million QSOs
+// never sits in memory.
+class Almacen;
+GrillaPremio CalcularPremioDelLog(Almacen &almacen, const QString &log);
 
 // The colour of a province's name by its best state, BGR: 0 black, 16576 orange, 32768 green.
 int ColorProvincia(int mejor);

@@ -14,6 +14,7 @@
 #include <QVector>
 #include <functional>
 #include <optional>
+#include <vector>
 
 class Almacen
 {
@@ -177,6 +178,10 @@ public:
     // whole database never sits in memory (the ADIF backup). The walk stops early when
     // `cada` answers false.
     Resultado<> RecorrerQSOs(const std::function<bool(const FilaQSO &)> &cada);
+    // The QSOs of one log, oldest first, with only what the province award reads (Argento,
+    // Banda, Nombre_Sat, LbN, SuGrid), one at a time.
+    Resultado<> RecorrerParaPremio(const QString &log,
+                                   const std::function<bool(const FilaQSO &)> &cada);
     // A copy of the whole file as one consistent moment, written by the engine itself
     // (VACUUM INTO) while others may be writing: never a copy of the open file's bytes.
     // The destination must not exist.
@@ -214,6 +219,12 @@ public:
                            const QString &banda);
 
 private:
+    // A statement of Tabla1 walked through the engine's own interface, the first ? bound to
+    // the log; its columns (after the id, with conId: then it is a whole row, and its date
+    // is read as everywhere) read into those fields of one row.
+    Resultado<> Recorrer(const QByteArray &sql, const QString &log,
+                         const std::vector<QString FilaQSO::*> &columnas, bool conId,
+                         const std::function<bool(const FilaQSO &)> &cada);
     struct Privado;
     Privado *d;
 };

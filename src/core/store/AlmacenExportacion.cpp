@@ -243,7 +243,9 @@ QVector<qint64> Almacen::BuscarQSOs(const QString &log, const QString &myCall,
     return ids;
 }
 
-Resultado<> Almacen::RecorrerQSOs(const std::function<bool(const FilaQSO &)> &cada)
+Resultado<> Almacen::Recorrer(const QByteArray &sql, const QString &log,
+                              const std::vector<QString FilaQSO::*> &columnas, bool conId,
+                              const std::function<bool(const FilaQSO &)> &cada)
 {
     d->FinDeCargaMasiva();
     const auto fallo = [this](const QString &causa) {
@@ -252,7 +254,7 @@ Resultado<> Almacen::RecorrerQSOs(const std::function<bool(const FilaQSO &)> &ca
     };
     // Read through the engine's own interface on Qt's connection: every value of Qt's
     // reader passes through a variant and a UTF-16 copy made by the engine, which would
-    // take longer than writing the whole backup.
+    // take longer than the work done with the rows.
     sqlite3 *base = nullptr;
     if (d->Abierta()) {
         const QVariant h = d->db.driver()->handle();
@@ -261,26 +263,26 @@ Resultado<> Almacen::RecorrerQSOs(const std::function<bool(const FilaQSO &)> &ca
     }
     if (!base)
         return fallo(QStringLiteral("La base de datos no está abierta."));
-    const QByteArray sql = QByteArrayLiteral("SELECT ") + kColumnasTabla1 +
-                           QByteArrayLiteral(" FROM Tabla1 ORDER BY id");
     sqlite3_stmt *consulta = nullptr;
     if (sqlite3_prepare_v2(base, sql.constData(), int(sql.size()), &consulta, nullptr) !=
         SQLITE_OK) {
         sqlite3_finalize(consulta);
         return fallo(QString::fromUtf8(sqlite3_errmsg(base)));
     }
+    const QByteArray nombre = log.toUtf8();
+    if (sqlite3_bind_parameter_count(consulta) > 0)
+        sqlite3_bind_text(consulta, 1, nombre.constData(), int(nombre.size()), SQLITE_STATIC);
     // One row object for the whole walk: its texts keep their room from row to row.
     FilaQSO f;
-    QString *const columnas[] = {nullptr,     &f.Modo,       &f.Banda,      &f.MyCall, &f.Estacion,
-                                 &f.Fecha,    &f.Hora,       &f.RSE,        &f.RSR,    &f.Obs,
-                                 &f.Operador, &f.NombreLog,  &f.Frecuencia, &f.MiGrid, &f.SuGrid,
-                                 &f.LbN,      &f.Nombre_Sat, &f.Argento};
+    const int primera = conId ? 1 : 0;
     int paso;
     while ((paso = sqlite3_step(consulta)) == SQLITE_ROW) {
-        f.id = sqlite3_column_int64(consulta, 0);
-        for (int i = 1; i < int(std::size(columnas)); ++i)
-            LeerTexto(*columnas[i], consulta, i);
-        f.Fecha = FechaLeida(f.Fecha);
+        if (conId)
+            f.id = sqlite3_column_int64(consulta, 0);
+        for (int i = 0; i < int(columnas.size()); ++i)
+            LeerTexto(f.*columnas[i], consulta, primera + i);
+        if (conId) // a whole row: its date as the store gives it everywhere
+            f.Fecha = FechaLeida(f.Fecha);
         if (!cada(f)) {
             paso = SQLITE_DONE;
             break;
@@ -290,6 +292,30 @@ Resultado<> Almacen::RecorrerQSOs(const std::function<bool(const FilaQSO &)> &ca
     if (paso != SQLITE_DONE)
         return fallo(QString::fromUtf8(sqlite3_errstr(paso)));
     return {};
+}
+
+Resultado<> Almacen::RecorrerQSOs(const std::function<bool(const FilaQSO &)> &cada)
+{
+    static const std::vector<QString FilaQSO::*> columnas = {
+        &FilaQSO::Modo,   &FilaQSO::Banda,    &FilaQSO::MyCall,    &FilaQSO::Estacion,
+        &FilaQSO::Fecha,  &FilaQSO::Hora,     &FilaQSO::RSE,       &FilaQSO::RSR,
+        &FilaQSO::Obs,    &FilaQSO::Operador, &FilaQSO::NombreLog, &FilaQSO::Frecuencia,
+        &FilaQSO::MiGrid, &FilaQSO::SuGrid,   &FilaQSO::LbN,       &FilaQSO::Nombre_Sat,
+        &FilaQSO::Argento};
+    const QByteArray sql = QByteArrayLiteral("SELECT ") + kColumnasTabla1 +
+                           QByteArrayLiteral(" FROM Tabla1 ORDER BY id");
+    return Recorrer(sql, {}, columnas, true, cada);
+}
+
+Resultado<> Almacen::RecorrerParaPremio(const QString &log,
+                                        const std::function<bool(const FilaQSO &)> &cada)
+{
+    static const std::vector<QString FilaQSO::*> columnas = {
+        &FilaQSO::Argento, &FilaQSO::Banda, &FilaQSO::Nombre_Sat, &FilaQSO::LbN, &FilaQSO::SuGrid};
+    static const QByteArray sql = QByteArrayLiteral(
+        "SELECT Argento, Banda, Nombre_Sat, LbN, SuGrid FROM Tabla1 WHERE \"Nombre Log\"=? "
+        "ORDER BY Fecha, Hora, id");
+    return Recorrer(sql, log, columnas, false, cada);
 }
 
 Resultado<> Almacen::CopiarBase(const QString &destino)

@@ -126,7 +126,7 @@ void Form14::parg_Click()
         ctx.dialogos().Exclamacion(QStringLiteral("No hay QSOs para mostrar!"));
         return;
     }
-    filasLog_ = ctx.almacen().LogCompletoAscendente(ctx.LogenUso);
+    logPremio_ = ctx.LogenUso;
     exec();
 }
 
@@ -149,7 +149,7 @@ void Form14::showEvent(QShowEvent *evento)
     Frame5->hide();
     ProgressBar1->setRange(0, 26);
     ProgressBar1->setValue(0);
-    grilla_ = CalcularPremio(filasLog_);
+    grilla_ = CalcularPremioDelLog(ctx.almacen(), logPremio_);
     Llenar(grilla_);
     MostrarGrillas(grilla_);
     ProgressBar1->setValue(26);

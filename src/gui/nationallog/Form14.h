@@ -30,8 +30,8 @@ public:
     // "Miembros": the member list of the service.
     void Command1_Click();
 
-    // The rows of the log read by the last parg; what every showing computes.
-    const QVector<FilaQSO> &FilasLog() const { return filasLog_; }
+    // The log of the last parg: what every showing computes.
+    const QString &LogPremio() const { return logPremio_; }
     // The grid last computed.
     const GrillaPremio &Grilla() const { return grilla_; }
 
@@ -53,6 +53,6 @@ private:
     void MostrarGrillas(const GrillaPremio &g);
 
     Contexto &ctx;
-    QVector<FilaQSO> filasLog_;
+    QString logPremio_;
     GrillaPremio grilla_;
 };
