@@ -95,8 +95,6 @@ private Q_SLOTS:
     void enterRevisa_data();
     void enterRevisa();
     void duplicado();
-    void teclasDelManipulador_data();
-    void teclasDelManipulador();
     void elegidor_data();
     void elegidor();
     void encabezado();
@@ -205,35 +203,6 @@ void TestVentanasConcurso::duplicado()
     QTest::keyClick(v.f.Corresponsal, Qt::Key_Return); // a warning, never a stop
     QCOMPARE(v.Filas(), 2);
     QVERIFY(v.d().Textos(Tipo::Exclamacion).isEmpty());
-}
-
-void TestVentanasConcurso::teclasDelManipulador_data()
-{
-    QTest::addColumn<QString>("modo");
-    QTest::addColumn<int>("tecla");
-    QTest::addColumn<QString>("llamado");
-    QTest::newRow("F1 fuera de CW: el llamador") << "SSB" << int(Qt::Key_F1) << "CQ";
-    QTest::newRow("F3 fuera de CW: nada") << "SSB" << int(Qt::Key_F3) << "";
-    QTest::newRow("F3 en CW: la macro 2") << "CW" << int(Qt::Key_F3) << "macro 2";
-    QTest::newRow("flecha abajo en CW") << "CW" << int(Qt::Key_Down) << "abajo arriba";
-    QTest::newRow("Esc no cierra") << "CW" << int(Qt::Key_Escape) << "detener";
-}
-
-void TestVentanasConcurso::teclasDelManipulador()
-{
-    QFETCH(QString, modo);
-    QFETCH(int, tecla);
-    Concurso v;
-    QStringList llamados;
-    v.f.llamarCQ = [&] { llamados << u"CQ"_s; };
-    v.f.detener = [&] { llamados << u"detener"_s; };
-    v.f.macro = [&](int i) { llamados << u"macro %1"_s.arg(i); };
-    v.f.manipular = [&](bool abajo) { llamados << (abajo ? u"abajo"_s : u"arriba"_s); };
-    v.Paso(u"modo "_s + modo);
-    v.f.Timer2_Timer();
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key(tecla));
-    QTEST(llamados.join(u' '), "llamado");
-    QVERIFY(v.f.isVisible());
 }
 
 void TestVentanasConcurso::elegidor_data()
