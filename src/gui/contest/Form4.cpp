@@ -139,7 +139,10 @@ QWidget *Form4::CrearEntrada()
     RotuloEncima(rejilla, marco, QStringLiteral("Hora"), Hora, 2, 1);
     Check2 = ::Crear<QCheckBox>(marco, "Check2");
     Check2->setText(QStringLiteral("QTR Manual"));
+    // It blinks while the time is typed by hand: its fill is the window's colour, not the
+    // button colour a check box fills with.
     Check2->setAutoFillBackground(true);
+    Check2->setBackgroundRole(QPalette::Window);
     rejilla->addWidget(Check2, 3, 2, 1, 2);
 
     Corresponsal = ::Crear<QLineEdit>(marco, "Corresponsal");

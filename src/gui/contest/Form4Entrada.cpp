@@ -164,7 +164,7 @@ void Form4::PonerQTRManual(bool manual)
         Timer3->start();
     } else {
         Timer3->stop();
-        Check2->setPalette(QPalette());
+        Check2->setPalette(palette()); // the window's background, dark or not
         Timer1_Timer();
         Timer1->start();
     }

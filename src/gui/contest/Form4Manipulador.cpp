@@ -62,6 +62,7 @@ QWidget *Form4::CrearMacros()
     Picture1->setAutoRaise(true);
     Picture1->setFocusPolicy(Qt::NoFocus);
     Picture1->setToolTip(QStringLiteral("Keyer Manual (flecha abajo)"));
+    Picture1->setAccessibleName(Picture1->toolTip());
     // The key lamp: lit while the key is down, whatever line (or none) it keys.
     Image1 = ::Crear<QLabel>(Frame1, "Image1");
     Image1->setFixedSize(Px(240), Px(240));
@@ -243,6 +244,9 @@ void Form4::PintarFondo(bool oscuro)
     if (oscuro)
         fondo.setColor(QPalette::Window, ColorBGR(kFondoOscuroCW));
     setPalette(fondo);
+    // "QTR Manual" fills its own background, to blink while the time is typed by hand.
+    if (!Check2->isChecked())
+        Check2->setPalette(palette());
 }
 
 // ---- Keying ----------------------------------------------------------------------------------
