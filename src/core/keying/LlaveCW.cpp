@@ -22,7 +22,7 @@ void LlaveCW::Soltar()
     linea_.Cerrar();
 }
 
-Resultado<> LlaveCW::ElegirPuerto(const QString &puerto)
+void LlaveCW::CerrarYNombrar(const QString &puerto)
 {
     Soltar();
     puerto_ = puerto;
@@ -30,6 +30,11 @@ Resultado<> LlaveCW::ElegirPuerto(const QString &puerto)
         abajo_ = false;
         Q_EMIT Lampara(false);
     }
+}
+
+Resultado<> LlaveCW::ElegirPuerto(const QString &puerto)
+{
+    CerrarYNombrar(puerto);
     if (SoloLampara())
         return {};
     if (!linea_.Abrir(puerto)) {
@@ -42,6 +47,12 @@ Resultado<> LlaveCW::ElegirPuerto(const QString &puerto)
     linea_.PonerDTR(false);
     linea_.PonerRTS(false);
     return {};
+}
+
+void LlaveCW::NombrarPuerto(const QString &puerto)
+{
+    if (puerto != puerto_)
+        CerrarYNombrar(puerto);
 }
 
 bool LlaveCW::SoloLampara() const
@@ -95,7 +106,8 @@ bool LlaveCW::lineaCW(const QString &nombre, bool activa)
 QString LlaveCW::MensajeLineaFallida() const
 {
     return QStringLiteral("No se pudo manejar la línea %1 del puerto %2: el puerto no está "
-                          "abierto. El envío sigue solo con la lámpara.")
+                          "abierto (se abre al elegirlo en la lista de puertos). El envío "
+                          "sigue solo con la lámpara.")
         .arg(dtr_ ? QStringLiteral("DTR") : QStringLiteral("RTS"), puerto_);
 }
 

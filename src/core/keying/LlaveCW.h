@@ -5,9 +5,9 @@
 // through it, so the lamp (Image1) always follows the key.
 //
 // How the contest window drives it:
-//   - at each activation, after LeerAjustesCW: PonerLinea(a.dtr), then ElegirPuerto(a.puerto)
-//     with its failure left unsaid (the operator hears of it on choosing Combo3 again, or
-//     once per send through MotorCW::FalloLinea);
+//   - at each activation, after LeerAjustesCW: PonerLinea(a.dtr), then NombrarPuerto(a.puerto):
+//     the port opens when the operator chooses it in Combo3, never just by opening the
+//     window (a send before that keys the lamp and says so once, MotorCW::FalloLinea);
 //   - a choice in Combo3 (not while IniciandoPrincipal): ElegirPuerto(texto), showing
 //     r.Mensaje() with ctx.dialogos().Exclamacion when it fails; the window goes on;
 //   - a click on Check3/Check4: untick the other, then PonerLinea(Check3->isChecked());
@@ -34,7 +34,11 @@ public:
     // lines off. "Ninguno" leaves the port closed and the lamp keys alone. A port that
     // does not open stays closed and the failure says why, in Spanish.
     Resultado<> ElegirPuerto(const QString &puerto);
-    // The port last chosen, opened or not.
+    // The port the window shows, left closed: it opens when the operator chooses it. The
+    // same port named again stays as it is, open or not, so a port chosen earlier in the
+    // run still keys when the window comes back.
+    void NombrarPuerto(const QString &puerto);
+    // The port last chosen or named, opened or not.
     QString Puerto() const { return puerto_; }
     // "Ninguno" chosen: only the lamp keys.
     bool SoloLampara() const;
@@ -63,6 +67,8 @@ Q_SIGNALS:
 
 private:
     void Soltar();
+    // Whatever was open closed with both lines off, the key up, the new name taken.
+    void CerrarYNombrar(const QString &puerto);
 
     LineaSerie &linea_;
     QString puerto_;

@@ -10,8 +10,7 @@ class Form1;
 class Form4;
 
 // exportarAdif is the contest's ADIF export, run by the contest window's "ADIF" button
-// (nothing while unset). The contest window is answered so that the keyer can be plugged
-// into its seams.
+// (nothing while unset). The contest window is answered; it keys and calls CQ by itself.
 Form4 *ConectarConcursos(
     Form1 &principal, Contexto &ctx,
     std::function<void(const QString &concurso, const QString &senal)> exportarAdif = {});

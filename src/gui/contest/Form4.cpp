@@ -46,6 +46,9 @@ void RotuloEncima(QGridLayout *rejilla, QWidget *padre, const QString &rotulo, Q
 Form4::Form4(Contexto &contexto, QWidget *parent)
     : QDialog(parent)
     , ctx(contexto)
+    , llave(contexto.puertoCW())
+    , motor(llave, contexto.reloj(), contexto.bomba())
+    , llamador(contexto.reproductor(), contexto.ptt())
 {
     setObjectName(QStringLiteral("Form4"));
     setWindowTitle(QStringLiteral("Cabrillo ..."));
@@ -136,7 +139,10 @@ QWidget *Form4::CrearEntrada()
     RotuloEncima(rejilla, marco, QStringLiteral("Hora"), Hora, 2, 1);
     Check2 = ::Crear<QCheckBox>(marco, "Check2");
     Check2->setText(QStringLiteral("QTR Manual"));
+    // It blinks while the time is typed by hand: its fill is the window's colour, not the
+    // button colour a check box fills with.
     Check2->setAutoFillBackground(true);
+    Check2->setBackgroundRole(QPalette::Window);
     rejilla->addWidget(Check2, 3, 2, 1, 2);
 
     Corresponsal = ::Crear<QLineEdit>(marco, "Corresponsal");
@@ -156,61 +162,6 @@ QWidget *Form4::CrearEntrada()
     Label7->setVisible(false);
     rejilla->addWidget(Label7, 5, 4);
     return marco;
-}
-
-QWidget *Form4::CrearMacros()
-{
-    auto *lado = new QWidget(this);
-    auto *columna = new QVBoxLayout(lado);
-    columna->setContentsMargins(0, 0, 0, 0);
-
-    Frame1 = ::Crear<QGroupBox>(lado, "Frame1");
-    Frame1->setTitle(QStringLiteral("Macros CW"));
-    auto *rejilla = new QGridLayout(Frame1);
-    const char *rotulos[] = {"F1-CQ",     "F2-Serie", "F3-TU",  "F4-Mi Call",
-                             "F5-SuCall", "F6-AGN?",  "F7- NR?"};
-    for (int i = 0; i < 7; ++i) {
-        QPushButton *b = Boton(Frame1, "macros", QString::fromUtf8(rotulos[i]));
-        b->setObjectName(QStringLiteral("macros(%1)").arg(i));
-        // The keys reach the macros; a click must leave the focus in the entry.
-        b->setFocusPolicy(Qt::NoFocus);
-        macros << b;
-        rejilla->addWidget(b, i / 4, i % 4);
-    }
-    HScroll1 = ::Crear<QScrollBar>(Frame1, "HScroll1");
-    HScroll1->setOrientation(Qt::Horizontal);
-    HScroll1->setRange(10, 40);
-    HScroll1->setAccessibleName(QStringLiteral("Velocidad"));
-    rejilla->addWidget(HScroll1, 2, 0, 1, 2);
-    Combo3 = ::Crear<QComboBox>(Frame1, "Combo3");
-    Combo3->setAccessibleName(QStringLiteral("Puerto"));
-    rejilla->addWidget(Combo3, 2, 2, 1, 2);
-    Label10 = ::Crear<QLabel>(Frame1, "Label10");
-    rejilla->addWidget(Label10, 3, 0, 1, 4);
-    columna->addWidget(Frame1);
-    Frame1->setVisible(false); // until Timer2 applies the mode: most contests start in SSB
-
-    // The CQ caller, in every mode but CW.
-    Label13 = ::Crear<QLabel>(lado, "Label13");
-    Label13->setText(QStringLiteral("Llamador CQ (F1)"));
-    sFondo = ::Crear<QFrame>(lado, "sFondo");
-    sFondo->setFrameShape(QFrame::Box);
-    sFondo->setFixedSize(Px(2400), Px(200));
-    sPorcentaje = ::Crear<QFrame>(sFondo, "sPorcentaje");
-    sPorcentaje->setStyleSheet(QStringLiteral("background: #008000"));
-    sPorcentaje->setGeometry(0, 0, 1, Px(200));
-    Label8 = ::Crear<QLabel>(lado, "Label8");
-    Label8->setText(QStringLiteral("Tx"));
-    Label8->setAlignment(Qt::AlignCenter);
-    Label8->setStyleSheet(QStringLiteral("background: #800000; color: black"));
-    Label8->setFixedWidth(Px(500));
-    auto *llamador = new QHBoxLayout;
-    llamador->addWidget(sFondo);
-    llamador->addWidget(Label8);
-    columna->addWidget(Label13);
-    columna->addLayout(llamador);
-    columna->addStretch();
-    return lado;
 }
 
 void Form4::Conectar()
@@ -233,11 +184,6 @@ void Form4::Conectar()
     });
     connect(Text2, &QLineEdit::textChanged, this,
             [this](const QString &t) { macros[3]->setText(QStringLiteral("F4-") + t); });
-    for (int i = 0; i < macros.size(); ++i)
-        connect(macros[i], &QPushButton::clicked, this, [this, i] {
-            if (macro)
-                macro(i);
-        });
     connect(ListView2, &QTreeWidget::itemDoubleClicked, this, &Form4::DobleClicFila);
     connect(Command1, &QPushButton::clicked, this, &Form4::Command1_Click);
     connect(Command2, &QPushButton::clicked, this, &Form4::Command2_Click);
@@ -245,6 +191,7 @@ void Form4::Conectar()
     connect(Timer1, &QTimer::timeout, this, &Form4::Timer1_Timer);
     connect(Timer2, &QTimer::timeout, this, &Form4::Timer2_Timer);
     connect(Timer3, &QTimer::timeout, this, &Form4::Timer3_Timer);
+    ConectarManipulador();
 }
 
 void Form4::Preparar()
@@ -297,8 +244,7 @@ void Form4::done(int resultado)
     Timer1->stop();
     Timer2->stop();
     Timer3->stop();
-    if (guardarManipulador)
-        guardarManipulador();
+    CerrarManipulador();
     QDialog::done(resultado);
 }
 
@@ -313,10 +259,8 @@ void Form4::Elegir(QComboBox *lista, const QString &texto)
 void Form4::Activar()
 {
     macros[3]->setText(QStringLiteral("F4-") + Text2->text());
-    if (cargarManipulador)
-        cargarManipulador();
+    CargarManipulador();
     const QString banda = Combo2->currentText();
-    HScroll1->setValue(20);
     Combo2->clear();
     Combo2->addItems(BandasConcurso());
     Elegir(Combo2, banda.isEmpty() ? QStringLiteral("80m") : banda);

@@ -4,9 +4,13 @@
 // "DUPLICADO" warns of a station already worked in this mode and band. The contest is the
 // context's (ConcursoNombre, ConcursoTipo); its rows come from the store.
 //
-// The CW macros frame and the CQ caller are here as far as the window shows and hides
-// them; the keys and the keyer reach them through the seams below.
+// It also keys: in CW the frame "Macros CW" sends the macros through its own Morse engine
+// and key line, and the down arrow keys by hand; in the other modes F1 plays the voice CQ
+// with the PTT held (Form4Manipulador.cpp).
 
+#include "core/keying/LlamadorCQ.h"
+#include "core/keying/LlaveCW.h"
+#include "core/keying/MotorCW.h"
 #include "core/store/RegistroQSO.h"
 
 #include <QDialog>
@@ -24,6 +28,7 @@ class QLineEdit;
 class QPushButton;
 class QScrollBar;
 class QTimer;
+class QToolButton;
 class QTreeWidget;
 class QTreeWidgetItem;
 
@@ -58,6 +63,12 @@ public:
     void Command1_Click(); // "Cabrillo"
     void Command2_Click(); // "ADIF"
     void Command3_Click(); // "Eliminar"
+    // macros(0) to macros(6), F1 to F7 in CW: the macro's text queued and sent.
+    void macros_Click(int indice);
+    // F1 outside CW: the voice CQ.
+    void LlamarCQ();
+    // Esc: the send stopped after its character, the voice CQ and its PTT let go.
+    void Detener();
 
     // ---- Seams, each doing nothing while unset -------------------------------------
     // The ADIF export of the contest, with the station's callsign of this window.
@@ -68,13 +79,6 @@ public:
         abrirEncabezado;
     // The contest QSO edit window, on a double click on a row of the log.
     std::function<void(const FilaConcurso &fila)> editarQSO;
-    // The keyer: its settings loaded at each activation and saved on closing; a macro
-    // (0 to 6, F1 to F7 in CW); the manual key (down arrow) down and up.
-    std::function<void()> cargarManipulador, guardarManipulador;
-    std::function<void(int indice)> macro;
-    std::function<void(bool abajo)> manipular;
-    // The CQ caller: F1 outside CW starts it, Esc stops it and the keying.
-    std::function<void()> llamarCQ, detener;
 
     // ---- Controls -----------------------------------------------------------------
     QLineEdit *Text2 = nullptr;                  // own callsign
@@ -94,8 +98,15 @@ public:
     QTreeWidget *ListView2 = nullptr;
     QGroupBox *Frame1 = nullptr;                      // "Macros CW"
     QVector<QPushButton *> macros;                    // F1 to F7
-    QScrollBar *HScroll1 = nullptr;                   // keying speed
+    QScrollBar *HScroll1 = nullptr;                   // keying speed, ppm
+    QLabel *LabelVel = nullptr;                       // "Vel 20 ppm"
     QComboBox *Combo3 = nullptr;                      // the key's port
+    QCheckBox *Check3 = nullptr, *Check4 = nullptr;   // "DTR", "RTS": the keyed line
+    QCheckBox *Check5 = nullptr;                      // "0T-9N": cut numbers in the serial
+    QCheckBox *Check6 = nullptr;                      // "Peso": no effect on timing
+    QCheckBox *Check7 = nullptr;                      // "Fondo Oscuro"
+    QToolButton *Picture1 = nullptr;                  // tells the manual key's key
+    QLabel *Image1 = nullptr;                         // the key lamp
     QLabel *Label10 = nullptr;                        // what is being sent
     QLabel *Label13 = nullptr;                        // "Llamador CQ (F1)"
     QFrame *sFondo = nullptr, *sPorcentaje = nullptr; // the caller's progress
@@ -119,7 +130,20 @@ private:
     void Crear();
     QWidget *CrearEntrada();
     QWidget *CrearMacros();
+    QWidget *CrearLlamador(QWidget *padre);
     void Conectar();
+    void ConectarManipulador();
+    // At each activation: the settings, the port named, the speed. On closing: the send
+    // stopped, the manual key up, the settings kept.
+    void CargarManipulador();
+    void CerrarManipulador();
+    void PonerVelocidad(int ppm);
+    void Combo3_Click();
+    void LineaElegida(QCheckBox *marcada, QCheckBox *otra);
+    void PintarFondo(bool oscuro);
+    // The down arrow: the key down while held, up when let go or when the window loses it.
+    bool FlechaAbajo(QKeyEvent *tecla, bool soltada);
+    void SoltarTeclaManual();
     bool TeclaDeVentana(QKeyEvent *tecla, bool soltada);
     bool AlTeclear(QLineEdit *campo, QKeyEvent *tecla);
     void AlPerderFoco(QLineEdit *campo);
@@ -135,4 +159,11 @@ private:
     Contexto &ctx;
     QVector<FilaConcurso> filas_; // the log shown, by position in the list
     bool revisando_ = false;
+
+    // The keyer lives with the window, and its port stays as chosen while the window is
+    // closed and opened again; the program's end lets both lines go.
+    LlaveCW llave;
+    MotorCW motor;
+    LlamadorCQ llamador;
+    TeclaManual tecla;
 };

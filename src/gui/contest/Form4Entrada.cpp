@@ -164,7 +164,7 @@ void Form4::PonerQTRManual(bool manual)
         Timer3->start();
     } else {
         Timer3->stop();
-        Check2->setPalette(QPalette());
+        Check2->setPalette(palette()); // the window's background, dark or not
         Timer1_Timer();
         Timer1->start();
     }
@@ -245,12 +245,8 @@ void Form4::Command3_Click()
 bool Form4::TeclaDeVentana(QKeyEvent *tecla, bool soltada)
 {
     const int k = tecla->key();
-    if (k == Qt::Key_Down && Frame1->isVisible()) {
-        // The manual key follows the arrow; the repeat of a held key is not a new press.
-        if (!tecla->isAutoRepeat() && manipular)
-            manipular(!soltada);
+    if (k == Qt::Key_Down && FlechaAbajo(tecla, soltada))
         return true;
-    }
     if (soltada)
         return false;
     if (k == Qt::Key_Return || k == Qt::Key_Enter) {
@@ -259,17 +255,14 @@ bool Form4::TeclaDeVentana(QKeyEvent *tecla, bool soltada)
     }
     if (k == Qt::Key_Escape) {
         // Esc stops the keying and the caller; it never closes the window.
-        if (detener)
-            detener();
+        Detener();
         return true;
     }
     if (k >= Qt::Key_F1 && k <= Qt::Key_F7) {
-        if (Label13->isHidden()) {
-            if (macro)
-                macro(k - Qt::Key_F1);
-        } else if (k == Qt::Key_F1 && llamarCQ) {
-            llamarCQ();
-        }
+        if (Label13->isHidden())
+            macros_Click(k - Qt::Key_F1);
+        else if (k == Qt::Key_F1)
+            LlamarCQ();
         return true;
     }
     return false;
@@ -360,6 +353,10 @@ bool Form4::eventFilter(QObject *objeto, QEvent *evento)
             return AlTeclear(campo, tecla);
         break;
     }
+    case QEvent::WindowDeactivate:
+        if (objeto == this)
+            SoltarTeclaManual();
+        break;
     case QEvent::FocusIn:
         if (campo)
             MarcarFoco(campo, true);

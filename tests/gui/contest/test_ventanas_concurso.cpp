@@ -37,8 +37,7 @@ void Activa(QWidget *w)
     static_cast<void>(QTest::qWaitForWindowActive(w));
 }
 
-// The contest window on a contest "CQ M" just founded, shown as the chooser shows it, with
-// the keyer's and the caller's calls written down.
+// The contest window on a contest "CQ M" just founded, shown as the chooser shows it.
 struct Concurso
 {
     explicit Concurso(const QString &tipo = SerieIncremental())
@@ -47,10 +46,6 @@ struct Concurso
         p->ConcursoNombre = u"CQ M"_s;
         p->ConcursoTipo = tipo;
         Hecho(FundarConcurso(p->almacen(), p->ConcursoNombre, tipo));
-        f.llamarCQ = [this] { hechos << u"CQ"_s; };
-        f.detener = [this] { hechos << u"detener"_s; };
-        f.macro = [this](int i) { hechos << u"macro %1"_s.arg(i); };
-        f.manipular = [this](bool abajo) { hechos << (abajo ? u"abajo"_s : u"arriba"_s); };
         Abrir(true);
     }
     void Abrir(bool nuevo)
@@ -62,9 +57,9 @@ struct Concurso
         Activa(&f);
     }
     // One step of the operator: "qso CALL" logged with Enter, "tecleo CALL" typed and left,
-    // "banda B" or "modo M" clicked ("modo M sí|no" answers the serial's question), "tecla K"
-    // pressed, "QTR" a click on "QTR Manual", "Campo=valor" a field filled, "enter",
-    // "reabrir". "fija", first, founds a fixed series.
+    // "banda B" or "modo M" clicked ("modo M sí|no" answers the serial's question), "QTR" a click
+    // on "QTR Manual", "Campo=valor" a field filled, "enter", "reabrir". "fija", first, founds a
+    // fixed series.
     void Paso(const QString &paso)
     {
         const QString que = paso.section(u' ', 0, 0), valor = paso.section(u' ', 1, 1);
@@ -81,9 +76,6 @@ struct Concurso
                 d().respuestasSiNo.enqueue(paso.section(u' ', 2) == u"sí");
             lista->setCurrentText(valor);
             Q_EMIT lista->activated(lista->currentIndex());
-        } else if (que == u"tecla") {
-            f.Timer2_Timer();
-            QTest::keyClick(QApplication::focusWidget(), QKeySequence(valor)[0].key());
         } else if (que == u"QTR") {
             f.Check2->click();
         } else if (que.contains(u'=')) {
@@ -99,7 +91,6 @@ struct Concurso
 
     ContextoPrueba p;
     Form4 f{p.ctx()};
-    QStringList hechos;
 };
 
 } // namespace
@@ -143,12 +134,6 @@ private Q_SLOTS:
         Fila("serie recibida", "Corresponsal=LU2CD|enter", "1 80m 0 RSR Falta la Serie Recibida");
         Fila("fecha que no es", "QTR|Fecha=31/04/2024|qso LU2CD",
              "1 80m 0 Fecha la Fecha 31/04/2024 no es válida!\r\nFormato: dd/mm/aaaa");
-        // F1 calls CQ outside CW; in CW the F keys are the macros and the down arrow the key.
-        Fila("F1 fuera de CW: el llamador", "tecla F1", "1 80m 0 Corresponsal CQ");
-        Fila("F3 fuera de CW: nada", "tecla F3", "1 80m 0 Corresponsal");
-        Fila("F3 en CW: la macro 2", "modo CW|tecla F3", "1 80m 0 Corresponsal macro 2");
-        Fila("flecha abajo en CW", "modo CW|tecla Down", "1 80m 0 Corresponsal abajo arriba");
-        Fila("Esc no cierra", "modo CW|tecla Esc", "1 80m 0 Corresponsal detener");
     }
 
     void operador()
@@ -157,11 +142,10 @@ private Q_SLOTS:
         Concurso v(pasos.startsWith(u"fija"_s) ? SerieFija() : SerieIncremental());
         for (const QString &paso : pasos.split(u'|'))
             v.Paso(paso);
-        QVERIFY(v.f.isVisible()); // nothing here closes the window, Esc least of all
+        QVERIFY(v.f.isVisible()); // nothing here closes the window
         QStringList queda{v.f.RSE->text().isEmpty() ? u"-"_s : v.f.RSE->text(),
                           v.f.Combo2->currentText(), QString::number(v.Filas()),
                           QApplication::focusWidget()->objectName()};
-        queda << v.hechos;
         for (const QString &q : v.d().Textos(Tipo::PreguntaSiNo))
             queda << (q == PreguntaSerieUno() ? u"pregunta"_s : q);
         if (v.f.Label7->isVisible())
