@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Carancho Radiolog: installs what is missing, builds, and starts the logbook.
 #   ./radiolog.sh        build and start
 #   ./radiolog.sh test   build and run every test headless

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Speed of the ADIF exchange on a large log: the backup of every QSO to ADIF (read from the
 // store and written), the export of a listed million, a search on the correspondent and the
 // dated copy of the database.

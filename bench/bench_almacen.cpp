@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Speed of the store on a large log: the bulk insert, the count, the pages of the log view,
 // the list of logs and the callsign history.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A contest of 10,000 QSOs among four more of the same size: the Cabrillo export (read,
 // lines built, put in the header window's text), the duplicate test of one callsign, the
 // serial of a band, and the contest window's log refilled after an entry, from the store and

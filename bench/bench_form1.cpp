@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The main window on a log of a million QSOs, as the operator meets it: the start to a
 // ready window, page turns with the count, one QSO entered, and the memory it takes.
 //

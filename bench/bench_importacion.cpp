@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Speed of the ADIF import: the reading of records, and the three stages of a file of
 // 10,000 QSOs, half of them already in a large log, checked for duplicates against it.
 //

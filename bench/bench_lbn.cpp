@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // An upload run of the menu against a loopback server, with its window live: the whole
 // run of 1,000 QSOs, each marked as its reply comes, and a run cancelled halfway, as the
 // program's end does it.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // "Abrir Log" and the callsign history on a database of 1,000,000 QSOs in 100 logs, from
 // the store to the filled window (without showing it):
 //

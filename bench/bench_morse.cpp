@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How closely the Morse engine keys on time, with the window busy: every change of the key
 // line is stamped on the monotonic clock and set against the schedule the same text has on
 // a fake clock. The target is an error under 1 ms at the 99th percentile at 40 ppm.

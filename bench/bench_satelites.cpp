@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The satellite catalogue at its largest reasonable size, from the file to the window:
 //
 //   bench_satelites [satelites] [--benchmark_...]

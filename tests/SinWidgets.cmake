@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The core library must stay free of windows: none of its files may include a Widgets,
 # Gui or Multimedia header. Run as a test so that a slip fails CI, not a review.
 file(STRINGS ${LISTA} fuentes)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Carancho Radiolog: the composition root. Builds the services and the context, opens
 // the store and shows Form1, the window that ends the program.
 

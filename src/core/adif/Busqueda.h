@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The search of the export window: the filters the operator fills and the rows of the
 // log in use that pass them.

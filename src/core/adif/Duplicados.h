@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // When an imported QSO is one the log already holds: the same log, mode, band, own
 // callsign and correspondent, and less than ten minutes apart, date and time taken

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The ADIF files this program writes, in their three kinds: the export of the search
 // window (ExportBusqueda), the backup of every log (ExportRespaldo) and the export of a

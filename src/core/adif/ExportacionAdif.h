@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The three ADIF exports as whole operations, each writing one file from its rows. The
 // windows ask the questions and show the messages; these write.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/adif/Importacion.h"
 
 #include "core/adif/Duplicados.h"

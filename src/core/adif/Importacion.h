@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The import of an ADIF file into the log in use, in three stages, each with a result the
 // operator sees before the next: measuring (what the file holds), processing (each record

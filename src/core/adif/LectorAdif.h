@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The ADIF reader of the import. It is a search for tags in one line, not a parser of
 // ADIF: a record must stand on one line, and a tag is found wherever it stands in it,

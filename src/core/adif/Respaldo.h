@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The backups: a dated copy of the database, and what the ADIF backup window shows
 // before it writes every log to one file (ExportRespaldo).

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The scrambling of the passwords kept in config.ini. It only keeps them from being read
 // at a glance; it is not encryption.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // config.ini: the station, the log in use, the logins of the online services and the
 // settings of the CQ caller, one "key=value" per line. Every key is nine characters with

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The memory files of the main window, so that the next run opens on the frequency, mode
 // and satellite the operator last had. mem.ini is written after every QSO; memModo.cfg,

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The Cabrillo 3.0 file of a contest: one "QSO:" line per QSO in fixed columns, the
 // header the operator fills in, and datos.cbr, the five lines of personal data the header

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A contest log: its founding row, the sent serial that goes on per mode and band, the
 // duplicate warning, and the checks and the row of one QSO typed in the contest window.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The checks of the contest QSO edit window, on leaving each field. They run one after
 // the other, so one field can give more than one message; each message is shown as it

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Everything a window needs besides its own controls: the program folder, the settings,
 // the store, the desktop services and the program's globals. main.cpp builds one; a test

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The edit window's own rules: its checks on leaving a field, the order of the checks of
 // "Guardar", how a row's frequency and national-log state are shown, and how the values

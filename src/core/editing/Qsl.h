@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Handing a QSO to the QSL-card designer Tordos, a program of its own: where it lives,
 // which of its card designs belongs to the station, and the command line that asks it

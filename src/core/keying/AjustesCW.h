@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The settings of the Morse key that outlive the contest window: varCW.cfg (the port of
 // Combo3 and whether Check3 "DTR" is ticked) and varOsc.cfg ("Fondo Oscuro"), one value a

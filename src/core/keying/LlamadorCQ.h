@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The CQ caller: a recorded call played into the transmitter with the PTT held. F1 starts
 // it (again from the top if it was playing) and Esc stops it. Each window that calls has

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The Morse key's serial line: the port chosen in the contest window's Combo3 and the line
 // of its boxes, Check3 "DTR" or Check4 "RTS". The contest window owns one over the context's

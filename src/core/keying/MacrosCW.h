@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The CW macros of the contest window and its speed control. A macro appends its text to
 // the engine's queue, so a press while sending goes out behind what is being sent, and

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The Morse engine: a text queue, a clock and a key line in, timed changes of the line out.
 // It runs on the window's thread, never sleeps the event loop away: each line change is

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The PTT: which line of the serial port keys the transmitter, and the port that the
 // settings name. Every window that keys the PTT (the CQ caller of the main window, the

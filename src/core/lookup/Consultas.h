@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The callsign lookups at QRZ.com, at the national log service and, wired to a hidden
 // button, HamQTH. The answers are read as text, a field cut between its opening and its

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The runs of the menu over the log in use: the rows read and sifted, the counts told, the
 // operator asked, then each QSO sent and its row marked as the service answers. The window

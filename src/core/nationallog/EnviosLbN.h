@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What goes to the national log service, QSO by QSO: the rows of the log picked and put in
 // the service's forms, for the runs of the menu and for the upload from the search window.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The province award: for each Argentine province and each band, the best state at the
 // national log service of the QSOs worked there, and the grid locators confirmed and worked.

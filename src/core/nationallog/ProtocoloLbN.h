@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The national log service's wire: the addresses of its scripts, with the query built by
 // hand so that each value goes exactly as typed, and the readers of its two kinds of reply.

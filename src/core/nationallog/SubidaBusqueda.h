@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // "Subir a LbN" of the search window: the rows found, sent one by one to the national log
 // with the account of its lookup, each reply shown in its colour. No row is changed: only

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The upload: one GET per QSO, each sent when the reply of the one before is in (or its
 // time is up), the event pump running while it waits. It reads each reply and hands the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // "Actualizaciones": the program's version against the one published on the maker's site,
 // the first line of /assets/radiolog/version.dat, kept in webo.txt in the program folder.

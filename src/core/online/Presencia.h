@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Tells the maker's site that the program runs: "on" a little after the start, "off" at
 // the close. Each message goes in two steps, some seconds apart, as the site has always

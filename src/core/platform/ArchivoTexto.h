@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The program's small text files (config.ini, the memory files, the satellite list…):
 // Windows-1252 bytes, CRLF line ends when written, CRLF or LF accepted when read, and

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The event pump, run inside long loops so that timers and clicks keep working.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The event pump of a long loop: pending clicks, keys, timers and replies run here.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // GET of an address, with the page text or a failure as the answer. A request that
 // takes longer than its time-out is a failure of its own kind, never a hang.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // GET over QNetworkAccessManager. Every request ends in exactly one Respondido: the page,
 // a failure (network error or an HTTP error status) or TiempoAgotado when the whole

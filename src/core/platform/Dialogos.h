@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Message boxes, the input box and the file dialogs, as the windows ask for them.
 // Windows never open a QMessageBox or QFileDialog themselves: a test hands in a fake

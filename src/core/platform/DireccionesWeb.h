@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Base addresses of the web services. Defaults are constants here; a servicios.ini in
 // the program folder (LbN=, QRZ=, HamQTH=, Sitio=, AMSAT=) overrides any of them, so an

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What the desktop does for us: open a page or a document with the program the
 // operator chose for it, and start another program without waiting for it.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // One serial line whose DTR and RTS key the transmitter (PTT) or the Morse key.
 // "COMn" names map to /dev/ttyS<n-1>; the real ports of the machine are offered too.

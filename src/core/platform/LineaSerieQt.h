@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A serial port used only for its DTR and RTS lines (the PTT and the Morse key).
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The clock: local time now, and a monotonic count for timing (the Morse elements are
 // scheduled on it). Tests set the hour they need and move both by hand.

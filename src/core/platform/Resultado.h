@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The one way an operation of the core says that it failed: a result holds either its
 // value (nothing, for Resultado<>) or the Spanish message that the window shows the

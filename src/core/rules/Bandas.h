@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The band plan: the band a QSO stores, derived from the whole megahertz that the operator
 // types, and the two tables that the ADIF import uses for a frequency without a band and a

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The shape of the entry fields of the logging windows: which typed characters each field
 // takes, the grid locator kept in shape as it is typed, and the tests on leaving the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Reading a number from the start of a text, the way every field of the program is read:
 // whatever follows the number is ignored, and a text that does not start with one reads 0.

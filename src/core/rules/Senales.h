@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What the program knows of Argentine callsigns: whether a text can be a callsign, the
 // letters that carry the district, and the province stored with every QSO. The province

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/rules/Validacion.h"
 
 #include "core/rules/Numeros.h"

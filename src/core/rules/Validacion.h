@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The tests by which the logging windows accept reports, dates and times. Each test
 // answers 1 for bad and 0 for good; the field handler owns the message, the focus and

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The satellite catalogue: satelites.txt in the program folder, one satellite a line,
 // fields joined by ";": name, uplink band, downlink band, mode, subtone and, on the lines

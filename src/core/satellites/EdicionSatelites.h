@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The rules of the satellite editor: the uplink frequency fields and the checks of a new
 // satellite, with the messages the operator sees.

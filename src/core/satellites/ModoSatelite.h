@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Satellite mode of the main window: the captions that show a satellite's data, and the
 // uplink frequency read back from the "Subida" caption to set the entry's frequency.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The store: the only code that speaks SQL. All QSOs of all logs live in one SQLite
 // file, base0.db; a log is a name in the column "Nombre Log". Every value is bound,

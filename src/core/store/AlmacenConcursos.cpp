@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The store's reads for the contest windows: the chooser's list, the serials and the
 // duplicate test, each answered by the index on contest, mode, band and station.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The writing operations of the store.
 
 #include "core/rules/Senales.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The reads and copies of the ADIF exchange: the search of the export window, the walk of
 // the whole table for the ADIF backup and the consistent copy of the file.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The reads of the ADIF import.
 
 #include "core/store/Almacen.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The reading operations of the store, the log view's paging among them.
 
 #include "core/store/Almacen.h"

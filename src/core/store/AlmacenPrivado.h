@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The inside of the store, shared by its .cpp files: the connection, the prepared
 // statements, the page last read, and the conversions done at the edge of the file.

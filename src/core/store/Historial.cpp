@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/store/Historial.h"
 
 QString RellenarIzquierda(const QString &texto, int ancho)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The callsign history: the earlier QSOs of a correspondent in the log in use, as lines
 // of fixed columns for a fixed-pitch list. Plain functions, so a test needs no window.

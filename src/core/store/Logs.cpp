@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/store/Logs.h"
 
 QString EntradaDeLog(const QString &nombre, qint64 cantidad)

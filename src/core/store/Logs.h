@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The named logs as the menu shows them: the entries of the "Abrir Log ..." list, the
 // refusal of a name already taken, the question before a delete and the log that takes

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/store/NavegadorPaginas.h"
 
 void NavegadorPaginas::Cargado(qint64 n, qint64 filaInicial)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The page navigator of the log view: which page is shown, where it starts, and which
 // of the four buttons can be pressed. Twenty rows to a page, newest first. Positions

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A QSO as the operations of the store take it, and a row as they give it back.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "gui/adif/ExportarAdif.h"
 
 #include "core/adif/Respaldo.h"

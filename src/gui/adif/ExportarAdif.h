@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The ADIF commands of the windows: the steps every export shares (the save dialog, the
 // overwrite question, the offer to see the file), the contest export, the database copy,

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form12: the ADIF import window.
 #include "gui/adif/Form12.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Form12: "Importar ADIF ...": an ADIF file into the log in use, in three stages with
 // their counts shown before anything reaches the log: measuring and processing on

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form15: the ADIF backup window.
 #include "gui/adif/Form15.h"
 

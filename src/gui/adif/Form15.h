@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Form15: "Back Up ...", the ADIF backup of every log in one file. It lists the logs with
 // their QSOs and writes them with a live bar.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form6: the search window, its controls and their wiring.
 #include "gui/adif/Form6.h"
 

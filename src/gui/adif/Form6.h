@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Form6: "Exportar ...", the search window. It lists the QSOs of the log in use, filters
 // them, and hands what is listed to the ADIF export, the edit window and the upload to

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form6: the searches, the sort, the edit of a row and the export of the list.
 #include "core/adif/Busqueda.h"
 #include "core/adif/ExportacionAdif.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form6: the upload of the listed QSOs to the national log, and the table of provinces
 // built from them.
 #include "core/context/Contexto.h"

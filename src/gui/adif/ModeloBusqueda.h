@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The list of the search window: the QSOs found, as rows of a model that the table shows,
 // in the order the operator sorted them. The list holds ids only and reads from the store

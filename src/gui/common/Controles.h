@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The helpers every window makes its controls with. A control is made under its given
 // name, so a test finds it by name; windows laid out by position place it in twips. A

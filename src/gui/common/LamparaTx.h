@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The "Tx" lamp of a window that calls CQ: red while the PTT is on, dark red while off,
 // white text. Every such lamp follows the context's InterruptorPTT.

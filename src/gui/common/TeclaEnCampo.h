@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The key filters of the entry fields, applied to a key typed into a line edit.
 

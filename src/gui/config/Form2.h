@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Form2: the configuration window. Its controls are a copy of the context's settings:
 // "Guardar" (and "Cancelar", which keeps the edits too) commits them to the context and

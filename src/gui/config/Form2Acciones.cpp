@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the buttons of the configuration window do: the settings in and out of the
 // controls, Guardar and Cancelar, the test of the national log account, and the trials of
 // the CQ caller's audio file and PTT line.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The contest windows wired to the main window.
 #include "gui/contest/Concursos.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The contest windows wired to the main window's "Concursos": the chooser, the contest
 // window, its Cabrillo header and its QSO edit window, made once and reused.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form4: the contest window, its controls and their wiring.
 #include "gui/contest/Form4.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Form4: the contest window, "Cabrillo ...". One contest at a time, logged from the
 // keyboard: Enter anywhere stores the QSO, the sent serial goes on per mode and band, and

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form4: the entry of a contest QSO, the keys, the log and the buttons.
 #include "core/contest/Cabrillo.h"
 #include "core/contest/Concurso.h"

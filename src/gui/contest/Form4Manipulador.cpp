@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form4: the keyer. In CW the frame "Macros CW" keys the transmitter from a serial line:
 // the macros on their buttons and on F1 to F7, the speed, the key's port and line, the
 // manual key on the down arrow. In the other modes F1 plays the voice CQ with the PTT held,

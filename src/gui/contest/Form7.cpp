@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form7: the contest QSO edit window.
 #include "gui/contest/Form7.h"
 

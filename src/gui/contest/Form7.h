@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Form7: the contest QSO edit window, "Edición de Registro #". One row of a contest,
 // corrected and saved, or deleted. The row's id is kept here and shown in the caption.

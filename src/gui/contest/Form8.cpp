@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form8: the contest chooser.
 #include "gui/contest/Form8.h"
 

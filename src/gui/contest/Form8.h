@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Form8: the contest chooser, "Logs Cabrillos ...". Every contest with its series and its
 // QSOs; a double click opens one, "Aceptar" founds a new one. Either way the choice goes

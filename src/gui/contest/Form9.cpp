@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form9: the Cabrillo header.
 #include "gui/contest/Form9.h"
 

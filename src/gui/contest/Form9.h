@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Form9: the Cabrillo header, "Encabezado ...". The QSO lines come built from the contest
 // window; the operator fills in the header, and "Cabrillo" puts it in front of the lines

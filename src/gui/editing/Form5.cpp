@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form5: the QSO edit window.
 #include "gui/editing/Form5.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Form5: the QSO edit window. One stored QSO, corrected and saved, or deleted, and handed
 // to the QSL-card designer. The row's id is kept here and shown in the caption.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form33: the result panel of a callsign lookup.
 #include "gui/lookup/Form33.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Form33: the result panel of a callsign lookup. QRZ.com's record shows alone (the panel
 // narrowed, modal); the national log's shows with buttons that copy the name, the e-mail

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // "Actualizaciones" of the main window's menu: the version check against the maker's site,
 // told in one box.

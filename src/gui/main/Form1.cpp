@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form1: the controls, the menus and the two screen layouts.
 #include "gui/main/Form1.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Form1: the main logging window, the program's start and end. It holds the entry of
 // one QSO, the log view with its navigator, the keyboard commands and the closing run.

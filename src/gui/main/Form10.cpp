@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "gui/main/Form10.h"
 
 #include "core/context/Contexto.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Form10: "Acerca de ...", the version and what this logbook is for.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "gui/main/Form17.h"
 
 #include "gui/common/Controles.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Form17: the earlier QSOs of a correspondent in the log in use, one line each in fixed
 // columns under a header. Esc closes it.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Form18: "Aguarde, cerrando ..." while the closing run sends its last message.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form1: the entries of the national log's menu and the hidden HamQTH button, answered by
 // whoever provides them.
 #include "gui/main/Form1.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form1: the entry of one QSO. Field colours and filters, the checks on leaving a field,
 // the manual time, and the click of "Ingresar QSO".
 #include "core/context/Contexto.h"

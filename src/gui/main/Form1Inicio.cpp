@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form1: the load, the timers, the presence messages and the closing run.
 #include "core/config/Memoria.h"
 #include "core/context/Contexto.h"

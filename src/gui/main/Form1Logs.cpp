@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form1: the named logs (open, new, delete), the history of the correspondent and the
 // satellite passes page.
 #include "core/context/Contexto.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form1: satellite mode. "Vía Satélite" widens the entry frame to show the satellite
 // panel; a satellite chosen there gives the captions with its data, the uplink frequency
 // and the mode. The catalogue is satelites.txt, read again at every use.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form1: the keys. The window sees every key before the field with the focus, and the
 // field then gets the same key, Enter excepted: the shortcuts, the Enter walk, F1/Esc for
 // the CQ caller and F5 for the last QSO.

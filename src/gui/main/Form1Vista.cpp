@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form1: the log view, twenty QSOs to a page, newest first, and its navigator.
 #include "core/context/Contexto.h"
 #include "core/rules/Numeros.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Form3: "Abrir Log ...", the list of the logs with their counts; a click or Enter on
 // an entry opens that log.

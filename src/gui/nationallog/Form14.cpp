@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form14: "Argentina en LbN", the province award of the log in use.
 #include "gui/nationallog/Form14.h"
 

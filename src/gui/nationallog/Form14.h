@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Form14: "Argentina en LbN", the province award of the log in use. A grid of the provinces
 // against the bands with the best state at the national log of the QSOs of each cell, the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // VentanaSubida: the window of an upload run of the menu.
 #include "gui/nationallog/VentanaSubida.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // VentanaSubida: the window of an upload run of the menu: its state, one line per QSO as
 // the service answers, and the progress. Esc hides it; the run goes on.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The message boxes, input box and file dialogs of the desktop. Button texts come from
 // Qt's own translations (main.cpp loads qtbase_es), so they read "Sí", "No", "Aceptar",

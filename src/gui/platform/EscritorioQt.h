@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Pages and documents open with the program the operator chose for them; other programs
 // start detached, so the logbook goes on at once.

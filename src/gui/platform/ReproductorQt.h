@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The voice player over QMediaPlayer. The player is made on the first open, so a run
 // that never plays a file never wakes the audio system, and a machine with no sound

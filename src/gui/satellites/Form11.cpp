@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form11: the editor of the satellite catalogue.
 #include "gui/satellites/Form11.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Form11: "Editar Satélites ...", the editor of the satellite catalogue. A new satellite
 // is added at the end of the list; one chosen in the list is changed or deleted in its

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The ADIF files byte for byte in their three kinds, the search of the export window on a
 // small log, and the backups of the database.
 #include "core/adif/Busqueda.h"

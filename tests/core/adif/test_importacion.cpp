@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The import's stages over a store: real files from other programs, a file of our own
 // export read back, the rules of each record, the duplicate window and files that are no
 // ADIF at all. A stop in each stage is tried through the window.

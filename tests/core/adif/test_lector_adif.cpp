@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The reader of the import: a tag found as the import finds it, lengths in bytes or in
 // characters, and random bytes that must not break it.
 #include "core/adif/Importacion.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // config.ini with its scrambled passwords, and the memory files of the main window.
 
 #include "core/config/ClaveConfig.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Contests in the core: the duplicate rule and the chooser's list over one store, the row of
 // a typed QSO, the Cabrillo lines, header and file, and the edit window's checks.
 #include "core/contest/Cabrillo.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where the QSL designer and the station's card design are found, without a window.
 #include "core/editing/Qsl.h"
 

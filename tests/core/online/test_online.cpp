@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The version check over a real connection to the loopback server.
 
 #include "core/online/Actualizaciones.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The desktop services that need no windows: the text files, the web client over a
 // loopback server, the decoding of pages and the serial lines. The service addresses are
 // read by every test that points the services at a loopback server.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The station rules. Most of them turn one text into another, so one table holds them all:
 // each row names its rule, the text fed in and what must come out. The edges of the band
 // plan, the report, date and time checks and the key filters are what the rows pin down.

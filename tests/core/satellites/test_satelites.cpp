@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The satellite catalogue file, and the uplink frequency that satellite mode reads back from
 // its caption.
 

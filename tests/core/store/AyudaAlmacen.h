@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What the tests of the store share: a QSO to add, a second connection to the same file
 // (as the sqlite3 shell or another program would be), and what a reader of the file sees.

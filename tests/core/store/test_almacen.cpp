@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The store's rows: logs and their placeholder rows, counts kept by triggers, ids, dates in
 // calendar order, any text stored and read back as it is, the searches, contest rows, and
 // a write that fails told in Spanish with nothing changed.

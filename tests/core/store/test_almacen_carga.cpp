@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The bulk load: the same load in bulk mode and row by row give the same file, rows, counts
 // and schema alike, whatever the transaction does between its adds; when a load becomes
 // bulk; and a load undone leaves the file as it was.

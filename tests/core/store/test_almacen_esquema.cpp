@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The layout of the file: each numbered step brings an earlier file up to date with its rows
 // and counts right; a step that fails is undone whole; a file of a newer version, or one
 // that is not ours, is refused and left as it was.

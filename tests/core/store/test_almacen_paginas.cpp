@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The pages of the log view against a plain sorted reference, forward, back and by jumps,
 // with writes of this program and of others in between.
 

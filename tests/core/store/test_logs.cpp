@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The named logs and the callsign history without a window: the case-blind refusal of
 // a taken name and the fixed columns of the history.
 

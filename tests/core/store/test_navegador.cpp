@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The navigator's arithmetic, where the old 16-bit counters and the 1,000-round loop used
 // to stop: large logs must reach their last page.
 #include "core/store/NavegadorPaginas.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The import window: the dialogs of each end of the measuring, the own callsign asked
 // for, the duplicate question and the load, and a stop asked by Esc or by the close box.
 #include "gui/adif/Form12.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The search window as the operator uses it: the export of the list as sorted on screen
 // with its questions in order, the filters typed through the keys, the edit of a row, and
 // the eQSL button that sends nothing.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The backups and the contest export as their commands run them: the warning of the ADIF
 // backup window, its file with the bar full, the dated copy of the database, and the
 // contest export's stops.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The configuration window over a temporary folder, with no main window: the first start,
 // the refusals of Guardar and Cancelar, the copy it edits reaching the context only when
 // left, the PTT trial on the line ticked, and the account test's reply.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The contest window's keyer as the operator works it: keys and clicks in; out, every
 // change of the key line and of its lamp at its millisecond, the PTT with its "Tx" lamp and
 // bar, the messages; and the keyer's settings from one opening to the next.

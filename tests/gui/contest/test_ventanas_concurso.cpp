@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The contest windows as the operator meets them: the serial and the duplicate flag through
 // Enter, band and mode clicks and reopenings, the Enter check's messages, the keyer's keys, a
 // contest's life from the chooser, the Cabrillo header's presses and the edit window's boxes.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The named logs from the main window: "Abrir Log ..." by mouse and by keyboard, "Nuevo
 // Log" with its refusals, and "Borrar Log" down to "Base 1".
 #include "gui/main/Form1.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The message boxes in Spanish through Qt's own translations, under the program's title,
 // with the text shown as written.
 #include "gui/platform/DialogosQt.h"

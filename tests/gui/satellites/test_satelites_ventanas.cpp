@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Satellites from the main window: the catalogue at the start, "Vía Satélite" and the
 // choice of a satellite, and the editor Form11 with its messages and the file it leaves.
 #include "core/satellites/Catalogo.h"
