@@ -75,26 +75,26 @@ captura() {
     rm -rf "$datos"
 }
 
-# captura principal '^Carancho Radiolog V'
-# captura configuracion '^Configuración$' tecla:ctrl+c
-# captura abrir-log '^Abrir Log' tecla:ctrl+a
-# captura edicion '^Edición de QSO' tecla:F5
-# captura historial '^LU7HF$' texto:lu7hf tecla:ctrl+x
+captura principal '^Carancho Radiolog V'
+captura configuracion '^Configuración$' tecla:ctrl+c
+captura abrir-log '^Abrir Log' tecla:ctrl+a
+captura edicion '^Edición de QSO' tecla:F5
+captura historial '^LU7HF$' texto:lu7hf tecla:ctrl+x
 # Tab walks to "Vía Satélite" (the date and time fields are off), then to "Editar".
 hasta_satelite=(tecla:Tab tecla:Tab tecla:Tab tecla:Tab tecla:Tab tecla:Tab tecla:Tab tecla:Tab
                 tecla:Tab tecla:Tab tecla:Tab tecla:space espera:1)
-# captura satelites '^Carancho Radiolog V' "${hasta_satelite[@]}"
-# captura editar-satelites '^Editar Satélites' "${hasta_satelite[@]}" clic:486,89
-# captura provincias '^Argentina en LbN' tecla:ctrl+p
-# captura exportar '^Exportar' tecla:ctrl+b
-# captura respaldo '^Back Up' tecla:ctrl+f
-# captura importar '^Importar ADIF' tecla:ctrl+i
-# captura concursos '^Logs Cabrillos' tecla:ctrl+o
-# captura concurso '^Cabrillo \.\.\.$' tecla:ctrl+o texto:'FIESTA DE LA RADIO' tecla:Return
+captura satelites '^Carancho Radiolog V' "${hasta_satelite[@]}"
+captura editar-satelites '^Editar Satélites' "${hasta_satelite[@]}" clic:486,89
+captura provincias '^Argentina en LbN' tecla:ctrl+p
+captura exportar '^Exportar' tecla:ctrl+b
+captura respaldo '^Back Up' tecla:ctrl+f
+captura importar '^Importar ADIF' tecla:ctrl+i
+captura concursos '^Logs Cabrillos' tecla:ctrl+o
+captura concurso '^Cabrillo \.\.\.$' tecla:ctrl+o texto:'FIESTA DE LA RADIO' tecla:Return
 un_qso=(tecla:ctrl+o texto:'FIESTA DE LA RADIO' tecla:Return espera:1 texto:lu7hf tecla:Tab
         tecla:Tab texto:5 tecla:Return espera:1)
-# captura encabezado '^Encabezado de' "${un_qso[@]}" clic:509,537
-# captura registro '^Edición de Registro' "${un_qso[@]}" dobleclic:100,282
+captura encabezado '^Encabezado de' "${un_qso[@]}" clic:509,537
+captura registro '^Edición de Registro' "${un_qso[@]}" dobleclic:100,282
 captura consulta-lbn '^Libro Nacional$' texto:lu7hf tecla:ctrl+l espera:1
-# captura acerca '^Acerca de' tecla:ctrl+r
-# captura cierre '^Carancho Radiolog$' tecla:ctrl+s tecla:alt+s
+captura acerca '^Acerca de' tecla:ctrl+r
+captura cierre '^Carancho Radiolog$' tecla:ctrl+s tecla:alt+s
