@@ -21,7 +21,6 @@ void LineaSerieFalsa::Cerrar()
     abierta_ = false;
     dtr = false;
     rts = false;
-    ++cierres;
 }
 
 void LineaSerieFalsa::PonerDTR(bool encendido)

@@ -16,7 +16,6 @@ public:
 
     QStringList aperturas; // every port asked for, opened or not
     QStringList historial; // "DTR1", "RTS0", … in order, only while open
-    int cierres = 0;       // closes of an open line
     bool dtr = false;
     bool rts = false;
     QStringList puertosQueFallan; // compared without case: "com3" fails like "COM3"

@@ -5,33 +5,6 @@
 #include <QTcpSocket>
 #include <QTimer>
 
-namespace {
-
-QByteArray Razon(int estado)
-{
-    switch (estado) {
-    case 200:
-        return "OK";
-    case 301:
-        return "Moved Permanently";
-    case 302:
-        return "Found";
-    case 400:
-        return "Bad Request";
-    case 403:
-        return "Forbidden";
-    case 404:
-        return "Not Found";
-    case 500:
-        return "Internal Server Error";
-    case 503:
-        return "Service Unavailable";
-    }
-    return "Status";
-}
-
-} // namespace
-
 ServidorHttpPrueba::ServidorHttpPrueba(QObject *parent)
     : QObject(parent)
 {
@@ -78,14 +51,6 @@ void ServidorHttpPrueba::ResponderPrefijo(const QString &prefijo, const QByteArr
     ResponderPrefijo(prefijo, r);
 }
 
-QStringList ServidorHttpPrueba::Decodificados() const
-{
-    QStringList lista;
-    for (const auto &p : pedidos)
-        lista << p.decodificado;
-    return lista;
-}
-
 bool ServidorHttpPrueba::EsperarPedidos(int n, int esperaMaxMs)
 {
     const QDeadlineTimer limite(esperaMaxMs);
@@ -125,7 +90,6 @@ void ServidorHttpPrueba::Leer(QTcpSocket *socket)
     const QByteArray primera = cabeza.left(cabeza.indexOf("\r\n"));
     const QList<QByteArray> partes = primera.split(' ');
     Pedido pedido;
-    pedido.metodo = QString::fromLatin1(partes.value(0));
     pedido.crudo = partes.value(1);
     pedido.decodificado = QString::fromUtf8(QByteArray::fromPercentEncoding(pedido.crudo));
     pedidos.append(pedido);
@@ -134,15 +98,10 @@ void ServidorHttpPrueba::Leer(QTcpSocket *socket)
     if (callado_)
         return;
 
-    Respuesta r;
-    if (pedido.metodo != QLatin1String("GET")) {
-        r.estado = 400;
-        r.cuerpo = "Solo GET";
-    } else {
-        r = Buscar(pedido);
-    }
-    QByteArray salida = "HTTP/1.1 " + QByteArray::number(r.estado) + ' ' + Razon(r.estado) +
-                        "\r\nContent-Type: " + r.tipo +
+    // The reason phrase is no client's business: one word does for every status.
+    const Respuesta r = Buscar(pedido);
+    QByteArray salida = "HTTP/1.1 " + QByteArray::number(r.estado) +
+                        (r.estado < 400 ? " OK" : " Error") + "\r\nContent-Type: " + r.tipo +
                         "\r\nContent-Length: " + QByteArray::number(r.cuerpo.size()) +
                         "\r\nConnection: close\r\n\r\n" + r.cuerpo;
     socket->write(salida);

@@ -31,7 +31,6 @@ public:
     };
     struct Pedido
     {
-        QString metodo;       // "GET"
         QByteArray crudo;     // path and query as sent: "/a.asp?x=LU1%20AA"
         QString decodificado; // percent-decoded as UTF-8: "/a.asp?x=LU1 AA" ('+' stays '+')
     };
@@ -39,8 +38,6 @@ public:
     explicit ServidorHttpPrueba(QObject *parent = nullptr);
     ~ServidorHttpPrueba() override;
 
-    bool Escuchando() const { return servidor_.isListening(); }
-    quint16 PuertoTcp() const { return servidor_.serverPort(); }
     QString Base() const; // "http://127.0.0.1:port", no trailing slash
     // Base() + path and query, taken as already escaped.
     QUrl Direccion(const QString &rutaYConsulta) const;
@@ -54,7 +51,6 @@ public:
     void Callar(bool callado) { callado_ = callado; }
 
     QVector<Pedido> pedidos;
-    QStringList Decodificados() const;
     // Waits with the event loop running until n requests have arrived (or the time runs
     // out); true when they did.
     bool EsperarPedidos(int n, int esperaMaxMs = 5000);
