@@ -24,23 +24,11 @@ namespace {
 
 qint64 Guardar(Contexto &ctx, const QString &suCall, const QString &lbn, const QString &grilla)
 {
-    return Hecho(ctx.almacen().AgregarQSOImportado({suCall,
-                                                    u"40m"_s,
-                                                    u"SSB"_s,
-                                                    u"59"_s,
-                                                    u"59"_s,
-                                                    u"01/02/2024"_s,
-                                                    u"10:00:00"_s,
-                                                    u"LU1ABC"_s,
-                                                    {},
-                                                    {},
-                                                    u"7.1"_s,
-                                                    {},
-                                                    grilla,
-                                                    {},
-                                                    lbn,
-                                                    u"Chaco"_s},
-                                                   u"Prueba"_s));
+    RegistroQSO q;
+    q.Estacion = suCall, q.Banda = u"40m"_s, q.Modo = u"SSB"_s, q.RSE = q.RSR = u"59"_s;
+    q.Fecha = u"01/02/2024"_s, q.Hora = u"10:00:00"_s, q.MyCall = u"LU1ABC"_s;
+    q.Frecuencia = u"7.1"_s, q.SuGrid = grilla, q.LbN = lbn, q.Argento = u"Chaco"_s;
+    return Hecho(ctx.almacen().AgregarQSOImportado(q, u"Prueba"_s));
 }
 
 } // namespace
