@@ -20,8 +20,6 @@ private Q_SLOTS:
         QTest::addColumn<bool>("cortados");
         QTest::addColumn<QString>("serie");
         QTest::newRow("7") << "7" << true << false << "007";
-        QTest::newRow("7 cortado") << "7" << true << true << "TT7";
-        QTest::newRow("9 aun con 00") << "9" << true << false << "009";
         QTest::newRow("90 cortado") << "90" << true << true << "TNT";
         QTest::newRow("100 con un 0") << "100" << true << false << "0100";
         QTest::newRow("fija como esta") << "XE" << false << false << "XE";
