@@ -1,7 +1,5 @@
 #include "support/DialogosFalso.h"
 
-#include <algorithm>
-
 namespace {
 
 template<typename T> T Siguiente(QQueue<T> &cola, T porDefecto)
@@ -13,27 +11,11 @@ template<typename T> T Siguiente(QQueue<T> &cola, T porDefecto)
 
 const char *NombreTipo(LlamadaDialogo::Tipo tipo)
 {
-    switch (tipo) {
-    case LlamadaDialogo::Tipo::Exclamacion:
-        return "Exclamacion";
-    case LlamadaDialogo::Tipo::Alto:
-        return "Alto";
-    case LlamadaDialogo::Tipo::Informacion:
-        return "Informacion";
-    case LlamadaDialogo::Tipo::PreguntaSiNo:
-        return "PreguntaSiNo";
-    case LlamadaDialogo::Tipo::ExclamacionSiNo:
-        return "ExclamacionSiNo";
-    case LlamadaDialogo::Tipo::AceptarCancelar:
-        return "AceptarCancelar";
-    case LlamadaDialogo::Tipo::Entrada:
-        return "Entrada";
-    case LlamadaDialogo::Tipo::AbrirArchivo:
-        return "AbrirArchivo";
-    case LlamadaDialogo::Tipo::GuardarArchivo:
-        return "GuardarArchivo";
-    }
-    return "?";
+    // In the order of the enum.
+    static const char *const nombres[] = {
+        "Exclamacion",     "Alto",    "Informacion",  "PreguntaSiNo",  "ExclamacionSiNo",
+        "AceptarCancelar", "Entrada", "AbrirArchivo", "GuardarArchivo"};
+    return nombres[int(tipo)];
 }
 
 void DialogosFalso::Registrar(Tipo tipo, const QString &texto, const QString &titulo,
@@ -115,12 +97,6 @@ QStringList DialogosFalso::Textos(Tipo tipo) const
         if (l.tipo == tipo)
             textos << l.texto;
     return textos;
-}
-
-int DialogosFalso::Cantidad(Tipo tipo) const
-{
-    return int(std::count_if(llamadas.cbegin(), llamadas.cend(),
-                             [tipo](const LlamadaDialogo &l) { return l.tipo == tipo; }));
 }
 
 QString DialogosFalso::UltimoTexto() const

@@ -52,7 +52,7 @@ public:
     QVector<LlamadaDialogo> llamadas;
     QStringList Textos() const;          // every text, in order
     QStringList Textos(Tipo tipo) const; // those of one kind
-    int Cantidad(Tipo tipo) const;
+    int Cantidad(Tipo tipo) const { return int(Textos(tipo).size()); }
     QString UltimoTexto() const; // empty when nothing was shown
     void Limpiar() { llamadas.clear(); }
 

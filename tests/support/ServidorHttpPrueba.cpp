@@ -27,30 +27,6 @@ QUrl ServidorHttpPrueba::Direccion(const QString &rutaYConsulta) const
     return QUrl::fromEncoded((Base() + rutaYConsulta).toUtf8(), QUrl::TolerantMode);
 }
 
-void ServidorHttpPrueba::Responder(const QString &rutaYConsulta, const Respuesta &respuesta)
-{
-    exactas_.insert(rutaYConsulta, respuesta);
-}
-
-void ServidorHttpPrueba::Responder(const QString &rutaYConsulta, const QByteArray &cuerpo)
-{
-    Respuesta r;
-    r.cuerpo = cuerpo;
-    Responder(rutaYConsulta, r);
-}
-
-void ServidorHttpPrueba::ResponderPrefijo(const QString &prefijo, const Respuesta &respuesta)
-{
-    prefijos_.append({prefijo, respuesta});
-}
-
-void ServidorHttpPrueba::ResponderPrefijo(const QString &prefijo, const QByteArray &cuerpo)
-{
-    Respuesta r;
-    r.cuerpo = cuerpo;
-    ResponderPrefijo(prefijo, r);
-}
-
 bool ServidorHttpPrueba::EsperarPedidos(int n, int esperaMaxMs)
 {
     const QDeadlineTimer limite(esperaMaxMs);

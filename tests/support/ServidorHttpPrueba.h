@@ -42,11 +42,23 @@ public:
     // Base() + path and query, taken as already escaped.
     QUrl Direccion(const QString &rutaYConsulta) const;
 
-    void Responder(const QString &rutaYConsulta, const Respuesta &respuesta);
+    void Responder(const QString &rutaYConsulta, const Respuesta &r)
+    {
+        exactas_[rutaYConsulta] = r;
+    }
+    void ResponderPrefijo(const QString &prefijo, const Respuesta &r)
+    {
+        prefijos_.append({prefijo, r});
+    }
     // The common case: a 200 with a UTF-8 text page.
-    void Responder(const QString &rutaYConsulta, const QByteArray &cuerpo);
-    void ResponderPrefijo(const QString &prefijo, const Respuesta &respuesta);
-    void ResponderPrefijo(const QString &prefijo, const QByteArray &cuerpo);
+    void Responder(const QString &rutaYConsulta, const QByteArray &cuerpo)
+    {
+        Responder(rutaYConsulta, Respuesta{.cuerpo = cuerpo});
+    }
+    void ResponderPrefijo(const QString &prefijo, const QByteArray &cuerpo)
+    {
+        ResponderPrefijo(prefijo, Respuesta{.cuerpo = cuerpo});
+    }
     // Accept and never answer (true) or back to answering (false).
     void Callar(bool callado) { callado_ = callado; }
 
