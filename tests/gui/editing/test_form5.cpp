@@ -109,21 +109,18 @@ private Q_SLOTS:
 
     void guardarYEliminar_data()
     {
-        QTest::addColumn<bool>("eliminar"); // otherwise "Guardar"
-        QTest::addColumn<bool>("si");
-        QTest::addColumn<bool>("falla"); // the store closed under the window
-        QTest::newRow("guardar") << false << false << false;
-        QTest::newRow("eliminar, no") << true << false << false;
-        QTest::newRow("eliminar, sí") << true << true << false;
-        QTest::newRow("guardar, falla") << false << false << true;
-        QTest::newRow("eliminar, falla") << true << true << true;
+        // The button, the answer to the question, and "falla": the store closed under the window.
+        QTest::addColumn<QString>("pasos");
+        for (const char *pasos :
+             {"guardar", "eliminar no", "eliminar sí", "guardar falla", "eliminar sí falla"})
+            QTest::newRow(pasos) << QString::fromUtf8(pasos);
     }
 
     void guardarYEliminar()
     {
-        QFETCH(bool, eliminar);
-        QFETCH(bool, si);
-        QFETCH(bool, falla);
+        QFETCH(QString, pasos);
+        const bool eliminar = pasos.startsWith(u"eliminar"_s), si = pasos.contains(u"sí"_s),
+                   falla = pasos.endsWith(u"falla"_s);
         Edicion v;
         FilaQSO esperada = v.Guardada();
         // The id is kept by the window and shown in its title only.
