@@ -391,31 +391,22 @@ private Q_SLOTS:
 
     void ayuda_data()
     {
-        // Where copies of the manual lie, "programa" and "instalado"; which one opens; whether a
-        // PDF viewer is there; the first line of the message, if any.
-        QTest::addColumn<QStringList>("copias");
-        QTest::addColumn<QString>("abierto");
-        QTest::addColumn<bool>("visor");
-        QTest::addColumn<QString>("mensaje");
-        QTest::newRow("la del operador primero")
-            << QStringList{u"programa"_s, u"instalado"_s} << u"programa"_s << true << QString();
-        QTest::newRow("la instalada")
-            << QStringList{u"instalado"_s} << u"instalado"_s << true << QString();
-        QTest::newRow("ninguna")
-            << QStringList{} << QString() << true
-            << u"No se encontró el manual AyudaRadiolog2.pdf, ni en la carpeta "
-               "del programa ni entre los archivos instalados:"_s;
-        QTest::newRow("sin visor") << QStringList{u"instalado"_s} << u"instalado"_s << false
-                                   << u"No se pudo abrir el manual. Instale un visor de archivos "
-                                      "PDF para leerlo:"_s;
+        // Where copies of the manual lie, "programa" and "instalado"; which one opens, with
+        // "sin visor" when no PDF viewer is there; the first line of the message, if any.
+        Columnas({"copias", "abierto", "mensaje"});
+        Fila("la del operador primero", {"programa instalado", "programa", ""});
+        Fila("la instalada", {"instalado", "instalado", ""});
+        Fila("ninguna", {"", "",
+                         "No se encontró el manual AyudaRadiolog2.pdf, ni en la carpeta "
+                         "del programa ni entre los archivos instalados:"});
+        Fila("sin visor", {"instalado", "instalado sin visor",
+                           "No se pudo abrir el manual. Instale un visor de archivos PDF para "
+                           "leerlo:"});
     }
 
     void ayuda()
     {
-        QFETCH(QStringList, copias);
-        QFETCH(QString, abierto);
-        QFETCH(bool, visor);
-        QFETCH(QString, mensaje);
+        const QString abierto = Dato("abierto").section(u' ', 0, 0);
         // The data folders of the desktop, as an installed program finds them.
         QTemporaryDir datos, casa;
         qputenv("XDG_DATA_DIRS", datos.path().toUtf8());
@@ -425,15 +416,13 @@ private Q_SLOTS:
             {u"programa"_s, v.p.Archivo(u"AyudaRadiolog2.pdf"_s)},
             {u"instalado"_s, datos.filePath(u"carancho-radiolog/AyudaRadiolog2.pdf"_s)}};
         QDir().mkpath(datos.filePath(u"carancho-radiolog"_s));
-        for (const QString &copia : copias) {
-            QFile f(donde[copia]);
-            QVERIFY(f.open(QIODevice::WriteOnly));
-        }
-        v.p.falsos.escritorio->exito = visor;
+        for (const QString &copia : Dato("copias").split(u' ', Qt::SkipEmptyParts))
+            QVERIFY(QFile(donde[copia]).open(QIODevice::WriteOnly));
+        v.p.falsos.escritorio->exito = !Dato("abierto").endsWith(u"sin visor"_s);
         v.f->Ayuda->trigger();
         QCOMPARE(v.p.falsos.escritorio->abiertos,
                  abierto.isEmpty() ? QStringList{} : QStringList{donde[abierto]});
-        QCOMPARE(v.d().UltimoTexto().section(u"\r\n"_s, 0, 0), mensaje);
+        QCOMPARE(v.d().UltimoTexto().section(u"\r\n"_s, 0, 0), Dato("mensaje"));
     }
 
     void sinConfigIni()
