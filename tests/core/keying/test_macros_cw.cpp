@@ -58,13 +58,12 @@ private Q_SLOTS:
         QFETCH(QByteArray, varCW);
         QFETCH(QByteArray, varOsc);
         QTemporaryDir dir;
-        const auto poner = [&dir](const char *nombre, const QByteArray &bytes) {
+        for (const auto &[nombre, bytes] :
+             {std::pair{"varCW.cfg", varCW}, {"varOsc.cfg", varOsc}}) {
             QFile f(dir.filePath(QString::fromLatin1(nombre)));
-            if (!bytes.isNull())
-                QVERIFY(f.open(QIODevice::WriteOnly) && f.write(bytes) == bytes.size());
-        };
-        poner("varCW.cfg", varCW);
-        poner("varOsc.cfg", varOsc);
+            QVERIFY(bytes.isNull() ||
+                    (f.open(QIODevice::WriteOnly) && f.write(bytes) == bytes.size()));
+        }
         const auto texto = [](const AjustesCW &a) {
             return QStringList(
                        {a.puerto, a.dtr ? "DTR" : "RTS", a.fondoOscuro ? "oscuro" : "claro"})
