@@ -12,11 +12,6 @@ ServidorHttpPrueba::ServidorHttpPrueba(QObject *parent)
     servidor_.listen(QHostAddress::LocalHost, 0);
 }
 
-ServidorHttpPrueba::~ServidorHttpPrueba()
-{
-    servidor_.close();
-}
-
 QString ServidorHttpPrueba::Base() const
 {
     return QStringLiteral("http://127.0.0.1:%1").arg(servidor_.serverPort());

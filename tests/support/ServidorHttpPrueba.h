@@ -36,7 +36,6 @@ public:
     };
 
     explicit ServidorHttpPrueba(QObject *parent = nullptr);
-    ~ServidorHttpPrueba() override;
 
     QString Base() const; // "http://127.0.0.1:port", no trailing slash
     // Base() + path and query, taken as already escaped.
