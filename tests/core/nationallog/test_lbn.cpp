@@ -156,10 +156,9 @@ private Q_SLOTS:
         prueba->config().UserLbN = u"yo"_s;
         prueba->config().PassLbN = u"x"_s;
         // Left out, in this order: no correspondent, confirmed, mobile, no province.
-        Guardar(a, Fila({}, {}));
-        Guardar(a, Fila(u"LU9ZZZ"_s, u"2"_s));
-        Guardar(a, Fila(u"LU8YY/MM"_s, {}));
-        Guardar(a, Fila(u"EA1AA"_s, {}, {}));
+        for (const FilaQSO &f : {Fila({}, {}), Fila(u"LU9ZZZ"_s, u"2"_s), Fila(u"LU8YY/MM"_s, {}),
+                                 Fila(u"EA1AA"_s, {}, {})})
+            Guardar(a, f);
         const QVector<qint64> ids = {
             Guardar(a, Fila(u"LU2AAA"_s, u"0"_s, u"Chaco"_s, u"14.200.0"_s)),
             Guardar(a, Fila(u"LU2BBB"_s, {}, u"Salta"_s, u"40m"_s, u"AO-7"_s)),
@@ -278,10 +277,7 @@ private Q_SLOTS:
         struct : VistaSubidaBusqueda
         {
             void Empezar(int total) override { vistas << QString::number(total); }
-            void Respuesta(const QString &t, int c) override
-            {
-                vistas << QString::number(c) + u' ' + t;
-            }
+            void Respuesta(const QString &t, int c) override { vistas << u"%1 %2"_s.arg(c).arg(t); }
             void Terminar() override { vistas << u"fin"_s; }
             QStringList vistas;
         } vista;
