@@ -18,11 +18,10 @@ const char *NombreTipo(LlamadaDialogo::Tipo tipo)
     return nombres[int(tipo)];
 }
 
-void DialogosFalso::Registrar(Tipo tipo, const QString &texto, const QString &titulo,
-                              const QString &extra)
+void DialogosFalso::Registrar(Tipo tipo, const QString &texto, const QString &titulo)
 {
     // A copy for the callback: it may open another message and grow the list.
-    const LlamadaDialogo llamada{tipo, texto, titulo, extra};
+    const LlamadaDialogo llamada{tipo, texto, titulo};
     llamadas.append(llamada);
     if (alLlegar)
         alLlegar(llamada);
@@ -62,23 +61,21 @@ bool DialogosFalso::AceptarCancelar(const QString &texto, const QString &titulo)
 }
 
 std::optional<QString> DialogosFalso::Entrada(const QString &texto, const QString &titulo,
-                                              const QString &porDefecto)
+                                              const QString &)
 {
-    Registrar(Tipo::Entrada, texto, titulo, porDefecto);
+    Registrar(Tipo::Entrada, texto, titulo);
     return Siguiente(entradas, std::optional<QString>());
 }
 
-QString DialogosFalso::AbrirArchivo(const QString &titulo, const QString &carpeta,
-                                    const QString &filtro)
+QString DialogosFalso::AbrirArchivo(const QString &titulo, const QString &, const QString &filtro)
 {
-    Registrar(Tipo::AbrirArchivo, filtro, titulo, carpeta);
+    Registrar(Tipo::AbrirArchivo, filtro, titulo);
     return Siguiente(archivosAbrir, QString());
 }
 
-QString DialogosFalso::GuardarArchivo(const QString &titulo, const QString &carpeta,
-                                      const QString &filtro)
+QString DialogosFalso::GuardarArchivo(const QString &titulo, const QString &, const QString &filtro)
 {
-    Registrar(Tipo::GuardarArchivo, filtro, titulo, carpeta);
+    Registrar(Tipo::GuardarArchivo, filtro, titulo);
     return Siguiente(archivosGuardar, QString());
 }
 

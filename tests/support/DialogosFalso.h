@@ -27,7 +27,6 @@ struct LlamadaDialogo
     Tipo tipo;
     QString texto;  // the message; the filter of a file dialog
     QString titulo; // as passed: empty when the caller left the program's title
-    QString extra;  // the default text of an input box; the folder of a file dialog
 };
 
 class DialogosFalso : public Dialogos
@@ -68,8 +67,7 @@ public:
     std::function<void(const LlamadaDialogo &)> alLlegar;
 
 private:
-    void Registrar(Tipo tipo, const QString &texto, const QString &titulo,
-                   const QString &extra = {});
+    void Registrar(Tipo tipo, const QString &texto, const QString &titulo);
 };
 
 const char *NombreTipo(LlamadaDialogo::Tipo tipo);

@@ -62,7 +62,6 @@ void ServidorHttpPrueba::Leer(QTcpSocket *socket)
     const QList<QByteArray> partes = primera.split(' ');
     Pedido pedido;
     pedido.crudo = partes.value(1);
-    pedido.decodificado = QString::fromUtf8(QByteArray::fromPercentEncoding(pedido.crudo));
     pedidos.append(pedido);
     Q_EMIT PedidoRecibido(pedido);
 
@@ -82,17 +81,13 @@ void ServidorHttpPrueba::Leer(QTcpSocket *socket)
 ServidorHttpPrueba::Respuesta ServidorHttpPrueba::Buscar(const Pedido &pedido) const
 {
     const QString crudo = QString::fromLatin1(pedido.crudo);
-    for (const QString &clave : {crudo, pedido.decodificado}) {
-        const auto it = exactas_.constFind(clave);
-        if (it != exactas_.constEnd())
-            return it.value();
-    }
+    if (const auto it = exactas_.constFind(crudo); it != exactas_.constEnd())
+        return it.value();
     // The longest prefix wins, so "/lbn/" and "/lbn/buscar" can live side by side.
     const Respuesta *mejor = nullptr;
     qsizetype largo = -1;
     for (const auto &[prefijo, respuesta] : prefijos_) {
-        if ((crudo.startsWith(prefijo) || pedido.decodificado.startsWith(prefijo)) &&
-            prefijo.size() > largo) {
+        if (crudo.startsWith(prefijo) && prefijo.size() > largo) {
             mejor = &respuesta;
             largo = prefijo.size();
         }

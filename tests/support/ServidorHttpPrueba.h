@@ -1,7 +1,7 @@
 #pragma once
 // A small HTTP/1.1 server on 127.0.0.1 for tests, on any free port. It answers GET
-// requests from a table keyed by path and query, exactly as sent or percent-decoded
-// ("/a.asp?x=1"), or by a prefix of them; what no row matches gets a 404. Each request
+// requests from a table keyed by path and query exactly as sent ("/a.asp?x=LU1%20AA"),
+// or by a prefix of them; what no row matches gets a 404. Each request
 // line is recorded. In silent mode it accepts and reads but never answers, for time-outs.
 // One request per connection (Connection: close).
 //
@@ -31,8 +31,7 @@ public:
     };
     struct Pedido
     {
-        QByteArray crudo;     // path and query as sent: "/a.asp?x=LU1%20AA"
-        QString decodificado; // percent-decoded as UTF-8: "/a.asp?x=LU1 AA" ('+' stays '+')
+        QByteArray crudo; // path and query as sent: "/a.asp?x=LU1%20AA"
     };
 
     explicit ServidorHttpPrueba(QObject *parent = nullptr);
