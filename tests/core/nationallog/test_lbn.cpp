@@ -153,8 +153,7 @@ private Q_SLOTS:
         ServidorHttpPrueba servidor;
         ContextoPrueba prueba(servidor.Base(), true);
         Almacen &a = prueba->almacen();
-        prueba->config().UserLbN = u"yo"_s;
-        prueba->config().PassLbN = u"x"_s;
+        prueba->config().UserLbN = prueba->config().PassLbN = u"x"_s;
         // Left out, in this order: no correspondent, confirmed, mobile, no province.
         for (const FilaQSO &f : {Fila({}, {}), Fila(u"LU9ZZZ"_s, u"2"_s), Fila(u"LU8YY/MM"_s, {}),
                                  Fila(u"EA1AA"_s, {}, {})})

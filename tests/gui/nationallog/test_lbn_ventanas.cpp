@@ -43,8 +43,7 @@ private Q_SLOTS:
         ServidorHttpPrueba servidor;
         ContextoPrueba prueba(servidor.Base(), true);
         prueba->LogenUso = u"Prueba"_s;
-        prueba->config().UserLbN = u"yo"_s;
-        prueba->config().PassLbN = u"x"_s;
+        prueba->config().UserLbN = prueba->config().PassLbN = u"x"_s;
         int terminado = -1;
         prueba->Terminar = [&](int c) { terminado = c; };
         QVector<qint64> ids;
