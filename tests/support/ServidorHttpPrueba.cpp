@@ -1,9 +1,7 @@
 #include "support/ServidorHttpPrueba.h"
 
-#include <QDeadlineTimer>
-#include <QEventLoop>
 #include <QTcpSocket>
-#include <QTimer>
+#include <QTest>
 
 ServidorHttpPrueba::ServidorHttpPrueba(QObject *parent)
     : QObject(parent)
@@ -24,14 +22,7 @@ QUrl ServidorHttpPrueba::Direccion(const QString &rutaYConsulta) const
 
 bool ServidorHttpPrueba::EsperarPedidos(int n, int esperaMaxMs)
 {
-    const QDeadlineTimer limite(esperaMaxMs);
-    while (pedidos.size() < n && !limite.hasExpired()) {
-        QEventLoop espera;
-        QTimer::singleShot(20, &espera, &QEventLoop::quit);
-        connect(this, &ServidorHttpPrueba::PedidoRecibido, &espera, &QEventLoop::quit);
-        espera.exec();
-    }
-    return pedidos.size() >= n;
+    return QTest::qWaitFor([&] { return pedidos.size() >= n; }, esperaMaxMs);
 }
 
 void ServidorHttpPrueba::Conexion()
