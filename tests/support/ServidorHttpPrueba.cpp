@@ -10,16 +10,6 @@ ServidorHttpPrueba::ServidorHttpPrueba(QObject *parent)
     servidor_.listen(QHostAddress::LocalHost, 0);
 }
 
-QString ServidorHttpPrueba::Base() const
-{
-    return QStringLiteral("http://127.0.0.1:%1").arg(servidor_.serverPort());
-}
-
-QUrl ServidorHttpPrueba::Direccion(const QString &rutaYConsulta) const
-{
-    return QUrl::fromEncoded((Base() + rutaYConsulta).toUtf8(), QUrl::TolerantMode);
-}
-
 bool ServidorHttpPrueba::EsperarPedidos(int n, int esperaMaxMs)
 {
     return QTest::qWaitFor([&] { return pedidos.size() >= n; }, esperaMaxMs);

@@ -36,9 +36,16 @@ public:
 
     explicit ServidorHttpPrueba(QObject *parent = nullptr);
 
-    QString Base() const; // "http://127.0.0.1:port", no trailing slash
+    // "http://127.0.0.1:port", no trailing slash.
+    QString Base() const
+    {
+        return QStringLiteral("http://127.0.0.1:%1").arg(servidor_.serverPort());
+    }
     // Base() + path and query, taken as already escaped.
-    QUrl Direccion(const QString &rutaYConsulta) const;
+    QUrl Direccion(const QString &ruta) const
+    {
+        return QUrl::fromEncoded((Base() + ruta).toUtf8());
+    }
 
     void Responder(const QString &rutaYConsulta, const Respuesta &r)
     {
