@@ -18,9 +18,9 @@
 #include "gui/main/Form17.h"
 #include "gui/main/Form18.h"
 #include "gui/main/Form3.h"
-#include "gui/satellites/Form11.h"
 #include "gui/nationallog/Form14.h"
 #include "gui/nationallog/VentanaSubida.h"
+#include "gui/satellites/Form11.h"
 #include "support/ContextoPrueba.h"
 
 #include <QDirIterator>
@@ -30,6 +30,7 @@
 #include <QTest>
 #include <functional>
 #include <memory>
+#include <type_traits>
 
 using namespace Qt::StringLiterals;
 using Fabrica = std::function<QWidget *(Contexto &)>;
@@ -42,6 +43,17 @@ QString Leer(const QString &archivo)
     return f.open(QIODevice::ReadOnly) ? QString::fromUtf8(f.readAll()) : QString();
 }
 
+// A window built as the program builds it, with nobody to tell of its changes.
+template<class Ventana> QWidget *Hacer(Contexto &c)
+{
+    if constexpr (std::is_constructible_v<Ventana, Contexto &, std::function<void()>>)
+        return new Ventana(c, [] {});
+    else if constexpr (std::is_constructible_v<Ventana, Contexto &>)
+        return new Ventana(c);
+    else
+        return new Ventana;
+}
+
 } // namespace
 
 class TestManual : public QObject
@@ -49,124 +61,83 @@ class TestManual : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void ventanas_data();
-    void ventanas();
-    void todasLasVentanas();
+    // How the window is built; the fixed part of its caption as the operator sees it; the
+    // heading of its section, which is that caption and what follows it.
+    void ventanas_data()
+    {
+        QTest::addColumn<Fabrica>("fabrica");
+        QTest::addColumn<QString>("titulo");
+        QTest::addColumn<QString>("encabezado");
+        const auto fila = [](Fabrica f, const QString &titulo, const QString &resto = {}) {
+            QTest::newRow(qPrintable(titulo + resto)) << f << titulo << titulo + resto;
+        };
+        fila(Hacer<Form1>, u"Carancho Radiolog"_s, u" (la ventana principal)"_s);
+        fila(Hacer<Form2>, u"Configuración"_s);
+        fila(Hacer<Form3>, u"Abrir Log ..."_s);
+        fila(Hacer<Form5>, u"Edición de QSO #"_s, u" (corregir un QSO)"_s);
+        fila(Hacer<Form10>, u"Acerca de ..."_s);
+        fila(Hacer<Form11>, u"Editar Satélites ..."_s);
+        fila(Hacer<Form6>, u"Exportar ..."_s, u" (buscar y exportar)"_s);
+        fila(Hacer<Form15>, u"Back Up ..."_s, u" (copia en ADIF)"_s);
+        fila(Hacer<Form12>, u"Importar ADIF ..."_s);
+        fila(Hacer<Form8>, u"Logs Cabrillos ..."_s);
+        fila(Hacer<Form4>, u"Cabrillo ..."_s, u" (anotar un concurso)"_s);
+        fila(Hacer<Form9>, u"Encabezado"_s, u" de un concurso (el archivo Cabrillo)"_s);
+        fila(Hacer<Form7>, u"Edición de Registro #"_s, u" (corregir un QSO de concurso)"_s);
+        fila(Hacer<Form18>, u"Carancho Radiolog"_s, u" (el cierre)"_s);
+        fila(Hacer<Form14>, u"Argentina en LbN"_s);
+        fila(Hacer<Form33>, u"Libro Nacional"_s, u" (la consulta de una señal)"_s);
+        fila(Hacer<VentanaSubida>, u"Subida a LbN"_s);
+        // The history's caption is the callsign looked for, so its heading says what it is.
+        QTest::newRow("Form17") << Fabrica([](Contexto &) {
+            auto *f = new Form17;
+            f->Llenar(u"LU7HF"_s, {});
+            return f;
+        }) << u"LU7HF"_s << u"La historia de un corresponsal"_s;
+    }
+
+    void ventanas()
+    {
+        QFETCH(Fabrica, fabrica);
+        QFETCH(QString, titulo);
+        QFETCH(QString, encabezado);
+        ContextoPrueba prueba;
+        std::unique_ptr<QWidget> ventana(fabrica(prueba.ctx()));
+        probadas_ << QString::fromLatin1(ventana->metaObject()->className());
+        QVERIFY2(ventana->windowTitle().startsWith(titulo), qPrintable(ventana->windowTitle()));
+
+        const QString manual = Leer(u"" RADIOLOG_FUENTES "/docs/manual.md"_s);
+        QVERIFY2(manual.contains(u"\n## "_s + encabezado + u'\n'),
+                 qPrintable(u"docs/manual.md no tiene la sección «## %1»"_s.arg(encabezado)));
+
+        // The PDF as a reader's tools see it: the heading is text, not a picture or a hole.
+        QProcess pdftotext;
+        pdftotext.start(u"pdftotext"_s,
+                        {u"-enc"_s, u"UTF-8"_s, u"" RADIOLOG_MANUAL_PDF ""_s, u"-"_s});
+        QVERIFY(pdftotext.waitForFinished(20000));
+        QVERIFY2(QString::fromUtf8(pdftotext.readAllStandardOutput()).contains(encabezado),
+                 qPrintable(u"AyudaRadiolog2.pdf no dice «%1»"_s.arg(encabezado)));
+    }
+
+    // Every window class declared in the window library, against those tried above.
+    void todasLasVentanas()
+    {
+        QStringList declaradas;
+        static const QRegularExpression clase(u"^class (Form\\d+|Ventana\\w+)\\b[^;]*$"_s,
+                                              QRegularExpression::MultilineOption);
+        for (QDirIterator it(u"" RADIOLOG_FUENTES "/src/gui"_s, {u"*.h"_s}, QDir::Files,
+                             QDirIterator::Subdirectories);
+             it.hasNext();)
+            for (auto m = clase.globalMatch(Leer(it.next())); m.hasNext();)
+                declaradas << m.next().captured(1);
+        declaradas.sort();
+        probadas_.sort();
+        QCOMPARE(probadas_, declaradas);
+    }
 
 private:
     QStringList probadas_;
 };
-
-void TestManual::ventanas_data()
-{
-    // The class; how it is built; the fixed part of its caption as the operator sees it;
-    // the heading of its section, which begins with that caption.
-    QTest::addColumn<QString>("clase");
-    QTest::addColumn<Fabrica>("fabrica");
-    QTest::addColumn<QString>("titulo");
-    QTest::addColumn<QString>("encabezado");
-    auto fila = [](const char *clase, Fabrica f, const QString &titulo, const QString &enc) {
-        QTest::newRow(clase) << QString::fromLatin1(clase) << f << titulo << enc;
-    };
-    fila(
-        "Form1", [](Contexto &c) { return new Form1(c); }, u"Carancho Radiolog"_s,
-        u"Carancho Radiolog (la ventana principal)"_s);
-    fila(
-        "Form2", [](Contexto &c) { return new Form2(c); }, u"Configuración"_s, u"Configuración"_s);
-    fila(
-        "Form3", [](Contexto &) { return new Form3; }, u"Abrir Log ..."_s, u"Abrir Log ..."_s);
-    fila(
-        "Form5", [](Contexto &c) { return new Form5(c, [] {}); }, u"Edición de QSO #"_s,
-        u"Edición de QSO # (corregir un QSO)"_s);
-    fila(
-        "Form10", [](Contexto &c) { return new Form10(c); }, u"Acerca de ..."_s,
-        u"Acerca de ..."_s);
-    fila(
-        "Form11", [](Contexto &c) { return new Form11(c, [] {}); }, u"Editar Satélites ..."_s,
-        u"Editar Satélites ..."_s);
-    fila(
-        "Form6", [](Contexto &c) { return new Form6(c); }, u"Exportar ..."_s,
-        u"Exportar ... (buscar y exportar)"_s);
-    fila(
-        "Form15", [](Contexto &c) { return new Form15(c); }, u"Back Up ..."_s,
-        u"Back Up ... (copia en ADIF)"_s);
-    fila(
-        "Form12", [](Contexto &c) { return new Form12(c, [] {}); }, u"Importar ADIF ..."_s,
-        u"Importar ADIF ..."_s);
-    fila(
-        "Form8", [](Contexto &c) { return new Form8(c); }, u"Logs Cabrillos ..."_s,
-        u"Logs Cabrillos ..."_s);
-    fila(
-        "Form4", [](Contexto &c) { return new Form4(c); }, u"Cabrillo ..."_s,
-        u"Cabrillo ... (anotar un concurso)"_s);
-    fila(
-        "Form9", [](Contexto &c) { return new Form9(c); }, u"Encabezado"_s,
-        u"Encabezado de un concurso (el archivo Cabrillo)"_s);
-    fila(
-        "Form7", [](Contexto &c) { return new Form7(c, [] {}); }, u"Edición de Registro #"_s,
-        u"Edición de Registro # (corregir un QSO de concurso)"_s);
-    // The history's caption is the callsign looked for.
-    fila(
-        "Form17",
-        [](Contexto &) {
-            auto *f = new Form17;
-            f->Llenar(u"LU7HF"_s, {});
-            return f;
-        },
-        u"LU7HF"_s, u"La historia de un corresponsal"_s);
-    fila(
-        "Form18", [](Contexto &) { return new Form18; }, u"Carancho Radiolog"_s,
-        u"Carancho Radiolog (el cierre)"_s);
-    fila(
-        "Form14", [](Contexto &c) { return new Form14(c); }, u"Argentina en LbN"_s,
-        u"Argentina en LbN"_s);
-    fila(
-        "Form33", [](Contexto &) { return new Form33; }, u"Libro Nacional"_s,
-        u"Libro Nacional (la consulta de una señal)"_s);
-    fila(
-        "VentanaSubida", [](Contexto &) { return new VentanaSubida; }, u"Subida a LbN"_s,
-        u"Subida a LbN"_s);
-}
-
-void TestManual::ventanas()
-{
-    QFETCH(QString, clase);
-    QFETCH(Fabrica, fabrica);
-    QFETCH(QString, titulo);
-    QFETCH(QString, encabezado);
-    probadas_ << clase;
-    ContextoPrueba prueba;
-    std::unique_ptr<QWidget> ventana(fabrica(prueba.ctx()));
-    QVERIFY2(ventana->windowTitle().startsWith(titulo), qPrintable(ventana->windowTitle()));
-
-    const QString manual = Leer(u"" RADIOLOG_FUENTES "/docs/manual.md"_s);
-    QVERIFY2(manual.contains(u"\n## "_s + encabezado + u'\n'),
-             qPrintable(u"docs/manual.md no tiene la sección «## %1»"_s.arg(encabezado)));
-    QVERIFY(clase == u"Form17" || encabezado.startsWith(titulo));
-
-    // The PDF as a reader's tools see it: the heading is text, not a picture or a hole.
-    QProcess pdftotext;
-    pdftotext.start(u"pdftotext"_s, {u"-enc"_s, u"UTF-8"_s, u"" RADIOLOG_MANUAL_PDF ""_s, u"-"_s});
-    QVERIFY(pdftotext.waitForFinished(20000));
-    QVERIFY2(QString::fromUtf8(pdftotext.readAllStandardOutput()).contains(encabezado),
-             qPrintable(u"AyudaRadiolog2.pdf no dice «%1»"_s.arg(encabezado)));
-}
-
-void TestManual::todasLasVentanas()
-{
-    // Every window class declared in the window library, against those tried above.
-    QStringList declaradas;
-    static const QRegularExpression clase(u"^class (Form\\d+|Ventana\\w+)\\b[^;]*$"_s,
-                                          QRegularExpression::MultilineOption);
-    for (QDirIterator it(u"" RADIOLOG_FUENTES "/src/gui"_s, {u"*.h"_s}, QDir::Files,
-                         QDirIterator::Subdirectories);
-         it.hasNext();)
-        for (auto m = clase.globalMatch(Leer(it.next())); m.hasNext();)
-            declaradas << m.next().captured(1);
-    declaradas.sort();
-    probadas_.sort();
-    QCOMPARE(probadas_, declaradas);
-}
 
 QTEST_MAIN(TestManual)
 #include "test_manual.moc"

@@ -1,6 +1,6 @@
 #pragma once
-// The event pump for tests: counts the calls, still pumps unless told not to, and can
-// run the test's own step at each call (to stop a loop at its tenth row, say).
+// The event pump for tests: still pumps unless told not to, and can run the test's own
+// step at each call (to stop a loop at its tenth row, say).
 
 #include "core/platform/BombaEventos.h"
 
@@ -12,14 +12,12 @@ class BombaFalsa : public BombaEventos
 public:
     void Bombear() override
     {
-        ++llamadas;
         if (alBombear)
             alBombear();
         if (procesarEventos)
             QCoreApplication::processEvents();
     }
 
-    int llamadas = 0;
     bool procesarEventos = true;
     std::function<void()> alBombear;
 };

@@ -1,6 +1,7 @@
 #include "support/ContextoPrueba.h"
 
 #include "core/platform/ClienteWebQt.h"
+#include "support/Hecho.h"
 
 #include <QDir>
 #include <QFile>
@@ -21,7 +22,7 @@ ContextoPrueba::ContextoPrueba(const QString &baseWeb, bool clienteWebReal)
         falsos.web = nullptr;
     }
     contexto_ = std::make_unique<Contexto>(carpeta_.path(), std::move(servicios));
-    falloAlmacen = contexto_->AbrirAlmacen().Mensaje();
+    Hecho(contexto_->AbrirAlmacen());
 }
 
 ContextoPrueba::~ContextoPrueba() = default;

@@ -33,8 +33,6 @@ public:
     bool Escribir(const QString &nombre, const QByteArray &contenido) const;
     QByteArray Leer(const QString &nombre) const; // empty when missing
 
-    // The message of the store's opening; empty when it opened.
-    QString falloAlmacen;
     ServiciosFalsos falsos;
 
 private:

@@ -1,7 +1,5 @@
 #include "support/DialogosFalso.h"
 
-#include <algorithm>
-
 namespace {
 
 template<typename T> T Siguiente(QQueue<T> &cola, T porDefecto)
@@ -13,34 +11,17 @@ template<typename T> T Siguiente(QQueue<T> &cola, T porDefecto)
 
 const char *NombreTipo(LlamadaDialogo::Tipo tipo)
 {
-    switch (tipo) {
-    case LlamadaDialogo::Tipo::Exclamacion:
-        return "Exclamacion";
-    case LlamadaDialogo::Tipo::Alto:
-        return "Alto";
-    case LlamadaDialogo::Tipo::Informacion:
-        return "Informacion";
-    case LlamadaDialogo::Tipo::PreguntaSiNo:
-        return "PreguntaSiNo";
-    case LlamadaDialogo::Tipo::ExclamacionSiNo:
-        return "ExclamacionSiNo";
-    case LlamadaDialogo::Tipo::AceptarCancelar:
-        return "AceptarCancelar";
-    case LlamadaDialogo::Tipo::Entrada:
-        return "Entrada";
-    case LlamadaDialogo::Tipo::AbrirArchivo:
-        return "AbrirArchivo";
-    case LlamadaDialogo::Tipo::GuardarArchivo:
-        return "GuardarArchivo";
-    }
-    return "?";
+    // In the order of the enum.
+    static const char *const nombres[] = {
+        "Exclamacion",     "Alto",    "Informacion",  "PreguntaSiNo",  "ExclamacionSiNo",
+        "AceptarCancelar", "Entrada", "AbrirArchivo", "GuardarArchivo"};
+    return nombres[int(tipo)];
 }
 
-void DialogosFalso::Registrar(Tipo tipo, const QString &texto, const QString &titulo,
-                              const QString &extra)
+void DialogosFalso::Registrar(Tipo tipo, const QString &texto, const QString &titulo)
 {
     // A copy for the callback: it may open another message and grow the list.
-    const LlamadaDialogo llamada{tipo, texto, titulo, extra};
+    const LlamadaDialogo llamada{tipo, texto, titulo};
     llamadas.append(llamada);
     if (alLlegar)
         alLlegar(llamada);
@@ -80,23 +61,21 @@ bool DialogosFalso::AceptarCancelar(const QString &texto, const QString &titulo)
 }
 
 std::optional<QString> DialogosFalso::Entrada(const QString &texto, const QString &titulo,
-                                              const QString &porDefecto)
+                                              const QString &)
 {
-    Registrar(Tipo::Entrada, texto, titulo, porDefecto);
+    Registrar(Tipo::Entrada, texto, titulo);
     return Siguiente(entradas, std::optional<QString>());
 }
 
-QString DialogosFalso::AbrirArchivo(const QString &titulo, const QString &carpeta,
-                                    const QString &filtro)
+QString DialogosFalso::AbrirArchivo(const QString &titulo, const QString &, const QString &filtro)
 {
-    Registrar(Tipo::AbrirArchivo, filtro, titulo, carpeta);
+    Registrar(Tipo::AbrirArchivo, filtro, titulo);
     return Siguiente(archivosAbrir, QString());
 }
 
-QString DialogosFalso::GuardarArchivo(const QString &titulo, const QString &carpeta,
-                                      const QString &filtro)
+QString DialogosFalso::GuardarArchivo(const QString &titulo, const QString &, const QString &filtro)
 {
-    Registrar(Tipo::GuardarArchivo, filtro, titulo, carpeta);
+    Registrar(Tipo::GuardarArchivo, filtro, titulo);
     return Siguiente(archivosGuardar, QString());
 }
 
@@ -115,12 +94,6 @@ QStringList DialogosFalso::Textos(Tipo tipo) const
         if (l.tipo == tipo)
             textos << l.texto;
     return textos;
-}
-
-int DialogosFalso::Cantidad(Tipo tipo) const
-{
-    return int(std::count_if(llamadas.cbegin(), llamadas.cend(),
-                             [tipo](const LlamadaDialogo &l) { return l.tipo == tipo; }));
 }
 
 QString DialogosFalso::UltimoTexto() const

@@ -27,7 +27,6 @@ struct LlamadaDialogo
     Tipo tipo;
     QString texto;  // the message; the filter of a file dialog
     QString titulo; // as passed: empty when the caller left the program's title
-    QString extra;  // the default text of an input box; the folder of a file dialog
 };
 
 class DialogosFalso : public Dialogos
@@ -52,7 +51,7 @@ public:
     QVector<LlamadaDialogo> llamadas;
     QStringList Textos() const;          // every text, in order
     QStringList Textos(Tipo tipo) const; // those of one kind
-    int Cantidad(Tipo tipo) const;
+    int Cantidad(Tipo tipo) const { return int(Textos(tipo).size()); }
     QString UltimoTexto() const; // empty when nothing was shown
     void Limpiar() { llamadas.clear(); }
 
@@ -68,8 +67,7 @@ public:
     std::function<void(const LlamadaDialogo &)> alLlegar;
 
 private:
-    void Registrar(Tipo tipo, const QString &texto, const QString &titulo,
-                   const QString &extra = {});
+    void Registrar(Tipo tipo, const QString &texto, const QString &titulo);
 };
 
 const char *NombreTipo(LlamadaDialogo::Tipo tipo);

@@ -21,21 +21,12 @@ void LineaSerieFalsa::Cerrar()
     abierta_ = false;
     dtr = false;
     rts = false;
-    ++cierres;
 }
 
-void LineaSerieFalsa::PonerDTR(bool encendido)
+void LineaSerieFalsa::Poner(bool &linea, const char *nombre, bool encendido)
 {
     if (!abierta_)
         return;
-    dtr = encendido;
-    historial << (encendido ? QStringLiteral("DTR1") : QStringLiteral("DTR0"));
-}
-
-void LineaSerieFalsa::PonerRTS(bool encendido)
-{
-    if (!abierta_)
-        return;
-    rts = encendido;
-    historial << (encendido ? QStringLiteral("RTS1") : QStringLiteral("RTS0"));
+    linea = encendido;
+    historial << QLatin1String(nombre) + (encendido ? u'1' : u'0');
 }

@@ -11,17 +11,17 @@ public:
     void Cerrar() override;
     bool Abierta() const override { return abierta_; }
     QString Puerto() const override { return puerto_; }
-    void PonerDTR(bool encendido) override;
-    void PonerRTS(bool encendido) override;
+    void PonerDTR(bool encendido) override { Poner(dtr, "DTR", encendido); }
+    void PonerRTS(bool encendido) override { Poner(rts, "RTS", encendido); }
 
     QStringList aperturas; // every port asked for, opened or not
     QStringList historial; // "DTR1", "RTS0", … in order, only while open
-    int cierres = 0;       // closes of an open line
     bool dtr = false;
     bool rts = false;
     QStringList puertosQueFallan; // compared without case: "com3" fails like "COM3"
 
 private:
+    void Poner(bool &linea, const char *nombre, bool encendido);
     bool abierta_ = false;
     QString puerto_;
 };

@@ -1,36 +1,7 @@
 #include "support/ServidorHttpPrueba.h"
 
-#include <QDeadlineTimer>
-#include <QEventLoop>
 #include <QTcpSocket>
-#include <QTimer>
-
-namespace {
-
-QByteArray Razon(int estado)
-{
-    switch (estado) {
-    case 200:
-        return "OK";
-    case 301:
-        return "Moved Permanently";
-    case 302:
-        return "Found";
-    case 400:
-        return "Bad Request";
-    case 403:
-        return "Forbidden";
-    case 404:
-        return "Not Found";
-    case 500:
-        return "Internal Server Error";
-    case 503:
-        return "Service Unavailable";
-    }
-    return "Status";
-}
-
-} // namespace
+#include <QTest>
 
 ServidorHttpPrueba::ServidorHttpPrueba(QObject *parent)
     : QObject(parent)
@@ -39,63 +10,9 @@ ServidorHttpPrueba::ServidorHttpPrueba(QObject *parent)
     servidor_.listen(QHostAddress::LocalHost, 0);
 }
 
-ServidorHttpPrueba::~ServidorHttpPrueba()
-{
-    servidor_.close();
-}
-
-QString ServidorHttpPrueba::Base() const
-{
-    return QStringLiteral("http://127.0.0.1:%1").arg(servidor_.serverPort());
-}
-
-QUrl ServidorHttpPrueba::Direccion(const QString &rutaYConsulta) const
-{
-    return QUrl::fromEncoded((Base() + rutaYConsulta).toUtf8(), QUrl::TolerantMode);
-}
-
-void ServidorHttpPrueba::Responder(const QString &rutaYConsulta, const Respuesta &respuesta)
-{
-    exactas_.insert(rutaYConsulta, respuesta);
-}
-
-void ServidorHttpPrueba::Responder(const QString &rutaYConsulta, const QByteArray &cuerpo)
-{
-    Respuesta r;
-    r.cuerpo = cuerpo;
-    Responder(rutaYConsulta, r);
-}
-
-void ServidorHttpPrueba::ResponderPrefijo(const QString &prefijo, const Respuesta &respuesta)
-{
-    prefijos_.append({prefijo, respuesta});
-}
-
-void ServidorHttpPrueba::ResponderPrefijo(const QString &prefijo, const QByteArray &cuerpo)
-{
-    Respuesta r;
-    r.cuerpo = cuerpo;
-    ResponderPrefijo(prefijo, r);
-}
-
-QStringList ServidorHttpPrueba::Decodificados() const
-{
-    QStringList lista;
-    for (const auto &p : pedidos)
-        lista << p.decodificado;
-    return lista;
-}
-
 bool ServidorHttpPrueba::EsperarPedidos(int n, int esperaMaxMs)
 {
-    const QDeadlineTimer limite(esperaMaxMs);
-    while (pedidos.size() < n && !limite.hasExpired()) {
-        QEventLoop espera;
-        QTimer::singleShot(20, &espera, &QEventLoop::quit);
-        connect(this, &ServidorHttpPrueba::PedidoRecibido, &espera, &QEventLoop::quit);
-        espera.exec();
-    }
-    return pedidos.size() >= n;
+    return QTest::qWaitFor([&] { return pedidos.size() >= n; }, esperaMaxMs);
 }
 
 void ServidorHttpPrueba::Conexion()
@@ -125,24 +42,17 @@ void ServidorHttpPrueba::Leer(QTcpSocket *socket)
     const QByteArray primera = cabeza.left(cabeza.indexOf("\r\n"));
     const QList<QByteArray> partes = primera.split(' ');
     Pedido pedido;
-    pedido.metodo = QString::fromLatin1(partes.value(0));
     pedido.crudo = partes.value(1);
-    pedido.decodificado = QString::fromUtf8(QByteArray::fromPercentEncoding(pedido.crudo));
     pedidos.append(pedido);
     Q_EMIT PedidoRecibido(pedido);
 
     if (callado_)
         return;
 
-    Respuesta r;
-    if (pedido.metodo != QLatin1String("GET")) {
-        r.estado = 400;
-        r.cuerpo = "Solo GET";
-    } else {
-        r = Buscar(pedido);
-    }
-    QByteArray salida = "HTTP/1.1 " + QByteArray::number(r.estado) + ' ' + Razon(r.estado) +
-                        "\r\nContent-Type: " + r.tipo +
+    // The reason phrase is no client's business: one word does for every status.
+    const Respuesta r = Buscar(pedido);
+    QByteArray salida = "HTTP/1.1 " + QByteArray::number(r.estado) +
+                        (r.estado < 400 ? " OK" : " Error") + "\r\nContent-Type: " + r.tipo +
                         "\r\nContent-Length: " + QByteArray::number(r.cuerpo.size()) +
                         "\r\nConnection: close\r\n\r\n" + r.cuerpo;
     socket->write(salida);
@@ -152,17 +62,13 @@ void ServidorHttpPrueba::Leer(QTcpSocket *socket)
 ServidorHttpPrueba::Respuesta ServidorHttpPrueba::Buscar(const Pedido &pedido) const
 {
     const QString crudo = QString::fromLatin1(pedido.crudo);
-    for (const QString &clave : {crudo, pedido.decodificado}) {
-        const auto it = exactas_.constFind(clave);
-        if (it != exactas_.constEnd())
-            return it.value();
-    }
+    if (const auto it = exactas_.constFind(crudo); it != exactas_.constEnd())
+        return it.value();
     // The longest prefix wins, so "/lbn/" and "/lbn/buscar" can live side by side.
     const Respuesta *mejor = nullptr;
     qsizetype largo = -1;
     for (const auto &[prefijo, respuesta] : prefijos_) {
-        if ((crudo.startsWith(prefijo) || pedido.decodificado.startsWith(prefijo)) &&
-            prefijo.size() > largo) {
+        if (crudo.startsWith(prefijo) && prefijo.size() > largo) {
             mejor = &respuesta;
             largo = prefijo.size();
         }

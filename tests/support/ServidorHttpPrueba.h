@@ -1,7 +1,7 @@
 #pragma once
 // A small HTTP/1.1 server on 127.0.0.1 for tests, on any free port. It answers GET
-// requests from a table keyed by path and query, exactly as sent or percent-decoded
-// ("/a.asp?x=1"), or by a prefix of them; what no row matches gets a 404. Each request
+// requests from a table keyed by path and query exactly as sent ("/a.asp?x=LU1%20AA"),
+// or by a prefix of them; what no row matches gets a 404. Each request
 // line is recorded. In silent mode it accepts and reads but never answers, for time-outs.
 // One request per connection (Connection: close).
 //
@@ -31,30 +31,43 @@ public:
     };
     struct Pedido
     {
-        QString metodo;       // "GET"
-        QByteArray crudo;     // path and query as sent: "/a.asp?x=LU1%20AA"
-        QString decodificado; // percent-decoded as UTF-8: "/a.asp?x=LU1 AA" ('+' stays '+')
+        QByteArray crudo; // path and query as sent: "/a.asp?x=LU1%20AA"
     };
 
     explicit ServidorHttpPrueba(QObject *parent = nullptr);
-    ~ServidorHttpPrueba() override;
 
-    bool Escuchando() const { return servidor_.isListening(); }
-    quint16 PuertoTcp() const { return servidor_.serverPort(); }
-    QString Base() const; // "http://127.0.0.1:port", no trailing slash
+    // "http://127.0.0.1:port", no trailing slash.
+    QString Base() const
+    {
+        return QStringLiteral("http://127.0.0.1:%1").arg(servidor_.serverPort());
+    }
     // Base() + path and query, taken as already escaped.
-    QUrl Direccion(const QString &rutaYConsulta) const;
+    QUrl Direccion(const QString &ruta) const
+    {
+        return QUrl::fromEncoded((Base() + ruta).toUtf8());
+    }
 
-    void Responder(const QString &rutaYConsulta, const Respuesta &respuesta);
+    void Responder(const QString &rutaYConsulta, const Respuesta &r)
+    {
+        exactas_[rutaYConsulta] = r;
+    }
+    void ResponderPrefijo(const QString &prefijo, const Respuesta &r)
+    {
+        prefijos_.append({prefijo, r});
+    }
     // The common case: a 200 with a UTF-8 text page.
-    void Responder(const QString &rutaYConsulta, const QByteArray &cuerpo);
-    void ResponderPrefijo(const QString &prefijo, const Respuesta &respuesta);
-    void ResponderPrefijo(const QString &prefijo, const QByteArray &cuerpo);
+    void Responder(const QString &rutaYConsulta, const QByteArray &cuerpo)
+    {
+        Responder(rutaYConsulta, Respuesta{.cuerpo = cuerpo});
+    }
+    void ResponderPrefijo(const QString &prefijo, const QByteArray &cuerpo)
+    {
+        ResponderPrefijo(prefijo, Respuesta{.cuerpo = cuerpo});
+    }
     // Accept and never answer (true) or back to answering (false).
     void Callar(bool callado) { callado_ = callado; }
 
     QVector<Pedido> pedidos;
-    QStringList Decodificados() const;
     // Waits with the event loop running until n requests have arrived (or the time runs
     // out); true when they did.
     bool EsperarPedidos(int n, int esperaMaxMs = 5000);

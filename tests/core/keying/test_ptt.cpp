@@ -30,7 +30,6 @@ private Q_SLOTS:
         };
         fila("cerrado, un puerto", "", 1, "COM2", "COM2", "");
         fila("el mismo, RTS", "COM2", 1, "COM2", "", "RTS");
-        fila("el mismo, DTR", "COM2", 0, "COM2", "", "DTR");
         fila("pin 2 es DTR", "COM2", 2, "COM2", "", "DTR");
         fila("otro puerto", "COM2", 1, "COM3", "COM3", "");
         fila("ninguno cierra", "COM2", 0, "NINGUNO", "", "cerrada");

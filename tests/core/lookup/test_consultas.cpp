@@ -1,5 +1,5 @@
-// The callsign lookups: the fields cut from the answers, and the chain of requests of
-// QRZ.com and the national log over a real connection.
+// The callsign lookups: the fields cut from QRZ.com's answers, and its chain of requests
+// over a real connection. The national log's lookup is tried from its panel (test_form33).
 
 #include "core/lookup/Consultas.h"
 #include "support/ContextoPrueba.h"
@@ -85,32 +85,6 @@ private Q_SLOTS:
         QTRY_COMPARE(int(servidor.pedidos.size()), pedidos + 1);
         QTest::qWait(50);
         QCOMPARE(vistos.size() + prueba.falsos.dialogos->Textos().size(), 2);
-    }
-
-    void lbn()
-    {
-        ServidorHttpPrueba servidor;
-        servidor.Responder(u"/php/carancho_lbn.php?qrz=LU1ABC"_s,
-                           u"<call>lu1abc</call><name>Ana</name><grid>GF05</grid>"
-                           "<email>a@b</email><ultimo>2024</ultimo>"_s.toUtf8());
-        ContextoPrueba prueba(servidor.Base(), true);
-        bool reloj = true;
-        Consultas c(prueba->web(), prueba->dialogos(), prueba->config(), prueba->direcciones(),
-                    reloj);
-        QVector<PanelConsulta> paneles;
-        c.mostrar = [&](const PanelConsulta &p) { paneles << p; };
-        c.BusquedaLbN(u"LU1ABC"_s);
-        c.BusquedaHamQTH();
-        QTRY_COMPARE(paneles.size(), 1);
-        QCOMPARE(paneles[0].texto,
-                 u"LU1ABC\r\nAna\r\nGrid Locator: GF05\r\na@b\r\núltimo QSO: 2024"_s);
-        QCOMPARE((QStringList{*paneles[0].nombre, *paneles[0].email, *paneles[0].grilla}),
-                 (QStringList{u"Ana\r\n"_s, u"a@b\r\n"_s, u"GF05"_s}));
-        QCOMPARE(servidor.pedidos[1].crudo, "/xml.php?u=xx9qz&p=31415926");
-        // An unknown callsign leaves the panel's values as they were.
-        const PanelConsulta no = PanelLbN(u"<html>404</html>"_s, u"LU9ZZ"_s);
-        QCOMPARE(no.texto, u"LU9ZZ No está en Lbn!"_s);
-        QVERIFY(!no.nombre && !no.email && !no.grilla);
     }
 };
 

@@ -23,18 +23,9 @@ FilaQSO Fila(const QString &suCall, const QString &lbn, const QString &provincia
              const QString &frec = u"7.074"_s)
 {
     FilaQSO f;
-    f.MyCall = u"LU1ABC"_s;
-    f.Estacion = suCall;
-    f.Banda = banda;
-    f.Modo = u"SSB"_s;
-    f.Fecha = u"01/02/2024"_s;
-    f.Hora = u"12:34:56"_s;
-    f.RSE = u"59"_s;
-    f.Nombre_Sat = sat;
-    f.LbN = lbn;
-    f.Argento = provincia;
-    f.SuGrid = grilla;
-    f.Frecuencia = frec;
+    f.MyCall = u"LU1ABC"_s, f.Estacion = suCall, f.Banda = banda, f.Modo = u"SSB"_s;
+    f.Fecha = u"01/02/2024"_s, f.Hora = u"12:34:56"_s, f.RSE = u"59"_s, f.Nombre_Sat = sat;
+    f.LbN = lbn, f.Argento = provincia, f.SuGrid = grilla, f.Frecuencia = frec;
     return f;
 }
 
@@ -101,31 +92,29 @@ private Q_SLOTS:
                  u"https://h/php/carancho_lbn.php?qrz=LU2XYZ"_s);
     }
 
+    // A reply of the service, the line shown for it (an unread one repeats the one before,
+    // "antes") and the state it gives the row (-1: left as it was).
     void respuestas_data()
     {
         QTest::addColumn<QString>("respuesta");
         QTest::addColumn<QString>("linea");
         QTest::addColumn<int>("estado");
+        const auto fila = [](const char *n, const QString &respuesta, const char *linea, int e) {
+            QTest::newRow(n) << respuesta << QString::fromUtf8(linea) << e;
+        };
         const QString eco = u"LU1ABC LU2XYZ 40m SSB 01/02/2024 1234 "_s;
-        QTest::newRow("guardado") << eco + u"Guardado"_s << u"7 LU1ABC>LU2XYZ 40m/SSB >Subido!"_s
-                                  << 1;
-        QTest::newRow("no confirmado")
-            << eco + u"duplicado!N"_s << u"7 LU1ABC>LU2XYZ 40m/SSB >Chequeado, aún no Confirmado!"_s
-            << 1;
-        QTest::newRow("confirmado S")
-            << eco + u"duplicado!S"_s << u"7 LU1ABC>LU2XYZ 40m/SSB >Chequeado, Confirmado!"_s << 2;
-        QTest::newRow("el último gana")
-            << eco + u"duplicado!Y y Guardado"_s << u"7 LU1ABC>LU2XYZ 40m/SSB >Subido!"_s << 1;
-        QTest::newRow("sin estado repite")
-            << eco + u"guardado"_s << u"7 LU1ABC>LU2XYZ 40m/SSB >antes"_s << -1;
-        QTest::newRow("vacía") << QString() << u"7 > / >antes"_s << -1;
-        QTest::newRow("contraseña")
-            << u"Error de Contraseña Guardado"_s << u"7 Error de Contraseña Guardado"_s << -1;
-        QTest::newRow("no es LbN")
-            << u"Usuario no es de LbN"_s << u"7 Usuario no es de LbN"_s << -1;
-        QTest::newRow("argentina")
-            << u"No es de Argentina duplicado!Y"_s << u"7 LU2XYZ No lo considera LbN"_s << -1;
-        QTest::newRow("minúsculas") << u"lbn argentina"_s << u"7 lbn>argentina / >antes"_s << -1;
+        fila("no confirmado", eco + u"duplicado!N"_s,
+             "7 LU1ABC>LU2XYZ 40m/SSB >Chequeado, aún no Confirmado!", 1);
+        fila("confirmado S", eco + u"duplicado!S"_s,
+             "7 LU1ABC>LU2XYZ 40m/SSB >Chequeado, Confirmado!", 2);
+        fila("el último gana", eco + u"duplicado!Y y Guardado"_s,
+             "7 LU1ABC>LU2XYZ 40m/SSB >Subido!", 1);
+        fila("sin estado repite", eco + u"guardado"_s, "7 LU1ABC>LU2XYZ 40m/SSB >antes", -1);
+        fila("vacía", {}, "7 > / >antes", -1);
+        fila("contraseña", u"Error de Contraseña Guardado"_s, "7 Error de Contraseña Guardado", -1);
+        fila("no es LbN", u"Usuario no es de LbN"_s, "7 Usuario no es de LbN", -1);
+        fila("argentina", u"No es de Argentina duplicado!Y"_s, "7 LU2XYZ No lo considera LbN", -1);
+        fila("minúsculas", u"lbn argentina"_s, "7 lbn>argentina / >antes", -1);
     }
     void respuestas()
     {
@@ -142,25 +131,20 @@ private Q_SLOTS:
         QTest::addColumn<int>("tipo");
         QTest::addColumn<QByteArray>("segunda"); // "callado", "500" or the page
         QTest::addColumn<QString>("estados");    // the three rows after the run
-        QTest::addColumn<QString>("mensaje");
-        QTest::addColumn<int>("lineas");
-        const int suych = int(TipoCorrida::SubirYChequear), ssub = int(TipoCorrida::SoloSubir);
-        QTest::newRow("confirmada") << suych << Eco(u"LU2BBB"_s, "duplicado!Y") << "1 2 1"
-                                    << "" << 3;
-        QTest::newRow("error") << suych << QByteArray("Error de Contraseña") << "1 0 1"
-                               << "" << 3;
-        QTest::newRow("vacía") << ssub << QByteArray() << "1 0 1"
-                               << "" << 3;
-        QTest::newRow("10 MB") << suych << (QByteArray(10 << 20, 'x') + " Guardado") << "1 0 1"
-                               << "" << 3;
-        QTest::newRow("página de error, ssub")
-            << ssub << QByteArray("No se puede mostrar. Este programa ...") << "1 0 0"
-            << MensajeSinConexion() << 1;
-        QTest::newRow("página de error, suych") << suych << QByteArray("Este programa") << "1 0 1"
-                                                << "" << 3;
-        QTest::newRow("callado") << suych << QByteArray("callado") << "1 0 0"
-                                 << MensajeSinConexion() << 1;
-        QTest::newRow("500") << ssub << QByteArray("500") << "1 0 0" << MensajeSinConexion() << 1;
+        QTest::addColumn<bool>("sinConexion");   // the run ends at the second, with a message
+        const auto fila = [](const char *n, TipoCorrida tipo, const QByteArray &segunda,
+                             const char *estados, bool sinConexion = false) {
+            QTest::newRow(n) << int(tipo) << segunda << QString(estados) << sinConexion;
+        };
+        const TipoCorrida suych = TipoCorrida::SubirYChequear, ssub = TipoCorrida::SoloSubir;
+        fila("confirmada", suych, Eco(u"LU2BBB"_s, "duplicado!Y"), "1 2 1");
+        fila("error", suych, "Error de Contraseña", "1 0 1");
+        fila("vacía", ssub, {}, "1 0 1");
+        fila("10 MB", suych, QByteArray(10 << 20, 'x') + " Guardado", "1 0 1");
+        fila("página, ssub", ssub, "No se puede mostrar. Este programa ...", "1 0 0", true);
+        fila("página, suych", suych, "Este programa", "1 0 1");
+        fila("callado", suych, "callado", "1 0 0", true);
+        fila("500", ssub, "500", "1 0 0", true);
     }
     void corrida()
     {
@@ -169,13 +153,11 @@ private Q_SLOTS:
         ServidorHttpPrueba servidor;
         ContextoPrueba prueba(servidor.Base(), true);
         Almacen &a = prueba->almacen();
-        prueba->config().UserLbN = u"yo"_s;
-        prueba->config().PassLbN = u"x"_s;
+        prueba->config().UserLbN = prueba->config().PassLbN = u"x"_s;
         // Left out, in this order: no correspondent, confirmed, mobile, no province.
-        Guardar(a, Fila({}, {}));
-        Guardar(a, Fila(u"LU9ZZZ"_s, u"2"_s));
-        Guardar(a, Fila(u"LU8YY/MM"_s, {}));
-        Guardar(a, Fila(u"EA1AA"_s, {}, {}));
+        for (const FilaQSO &f : {Fila({}, {}), Fila(u"LU9ZZZ"_s, u"2"_s), Fila(u"LU8YY/MM"_s, {}),
+                                 Fila(u"EA1AA"_s, {}, {})})
+            Guardar(a, f);
         const QVector<qint64> ids = {
             Guardar(a, Fila(u"LU2AAA"_s, u"0"_s, u"Chaco"_s, u"14.200.0"_s)),
             Guardar(a, Fila(u"LU2BBB"_s, {}, u"Salta"_s, u"40m"_s, u"AO-7"_s)),
@@ -202,15 +184,15 @@ private Q_SLOTS:
         for (qint64 id : ids)
             estados << (a.QSOPorId(kLog, id)->LbN.isEmpty() ? u"0"_s : a.QSOPorId(kLog, id)->LbN);
         QTEST(estados.join(u' '), "estados");
-        QTEST(int(vista.lineas.size()), "lineas");
-        QFETCH(QString, mensaje);
-        QCOMPARE(prueba.falsos.dialogos->Textos().last(),
-                 mensaje.isEmpty() ? prueba.falsos.dialogos->Textos().first() : mensaje);
-        QCOMPARE(vista.visible, mensaje.isEmpty());
+        QFETCH(bool, sinConexion);
+        QCOMPARE(vista.lineas.size(), sinConexion ? 1 : 3);
+        const QStringList textos = prueba.falsos.dialogos->Textos();
+        QCOMPARE(textos.last(), sinConexion ? MensajeSinConexion() : textos.first());
+        QCOMPARE(vista.visible, !sinConexion);
         QCOMPARE(vista.maximo, 3);
         QCOMPARE(servidor.pedidos.size(), qMin(3, vista.lineas.size() + 1));
         // The counts before the question, the sends in order with their own forms.
-        QVERIFY(prueba.falsos.dialogos->Textos().first().startsWith(
+        QVERIFY(textos.first().startsWith(
             u"log Prueba con 5 QSO(s)\r\n\r\nEstaciones NO Argentinas: 1\r\nEstaciones Móviles: "
             u"1\r\n\r\n"
             "Call: LU1ABC\r\nSube a LbN el log Prueba con 3 QSO(s)?"_s));
@@ -294,10 +276,7 @@ private Q_SLOTS:
         struct : VistaSubidaBusqueda
         {
             void Empezar(int total) override { vistas << QString::number(total); }
-            void Respuesta(const QString &t, int c) override
-            {
-                vistas << QString::number(c) + u' ' + t;
-            }
+            void Respuesta(const QString &t, int c) override { vistas << u"%1 %2"_s.arg(c).arg(t); }
             void Terminar() override { vistas << u"fin"_s; }
             QStringList vistas;
         } vista;
@@ -315,10 +294,8 @@ private Q_SLOTS:
         QTest::addColumn<int>("color");
         QTest::addColumn<QString>("totales40");
         QTest::addColumn<QStringList>("grillas"); // confirmed | worked
-        QTest::newRow("confirmado")
-            << QVector<FilaQSO>{Fila(u"LU5A"_s, u"2"_s, u"Chaco"_s, u"40m"_s, {}, u"FF55"_s),
-                                Fila(u"LU5B"_s, {}, u"Chaco"_s, u"40M"_s, {}, u"FF55"_s)}
-            << "2 -1" << 32768 << "1/0" << QStringList{u"FF55"_s, {}};
+        // A confirmed province, its colour and its grid are tried on the window
+        // (test_lbn_ventanas).
         QTest::newRow("2m y sin provincia")
             << QVector<FilaQSO>{Fila(u"LU5A"_s, u"1"_s, u"Chaco"_s, u"2m"_s, {}, u"FF56"_s),
                                 Fila(u"EA1A"_s, u"1"_s, {}, u"40m"_s, {}, u"IN80"_s)}

@@ -23,8 +23,8 @@ private Q_SLOTS:
     {
         ServidorHttpPrueba servidor;
         servidor.Responder(u"/php/carancho_lbn.php?qrz=LU1ABC"_s,
-                           "<call>LU1ABC</call><name>Ana</name><grid>GF05</grid>"
-                           "<email>a@b</email>");
+                           "<call>lu1abc</call><name>Ana</name><grid>GF05</grid>"
+                           "<email>a@b</email><ultimo>2024</ultimo>");
         ContextoPrueba prueba(servidor.Base(), true);
         prueba->RelojActivo = true;
         Form1 principal(prueba.ctx());
@@ -35,10 +35,12 @@ private Q_SLOTS:
         QTRY_VERIFY(f->isVisible());
         QCOMPARE(f->windowTitle(), u"Libro Nacional"_s);
         QVERIFY(f->Command4->geometry().right() < f->width()); // the buttons in view
-        QVERIFY(f->Text1->toPlainText().startsWith(u"LU1ABC\nAna"_s));
+        QCOMPARE(f->Text1->toPlainText(),
+                 u"LU1ABC\nAna\nGrid Locator: GF05\na@b\núltimo QSO: 2024"_s);
 
         // The second copy to the remarks replaces the first, line end and all.
         f->Command1->click();
+        QCOMPARE(principal.Obs->text(), u"Ana\r\n"_s);
         f->Command2->click();
         f->Command4->click();
         QCOMPARE(principal.Obs->text(), u"a@b\r\n"_s);
