@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The event pump for tests: still pumps unless told not to, and can run the test's own
 // step at each call (to stop a loop at its tenth row, say).

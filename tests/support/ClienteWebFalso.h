@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The web for tests. Records every address asked for and answers, on the next turn of the
 // event loop as real answers come, from a table whose keys are a whole address

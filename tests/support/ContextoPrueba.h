@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A fresh Contexto over a temporary folder, with fake services and the store opened.
 // With a base address, servicios.ini points every web service at it (a loopback

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Message boxes for tests: every call is recorded, and questions, inputs and file
 // dialogs are answered from queues the test fills beforehand. An empty queue gives the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The preparation of a test: an operation that must not fail there gives its value, or the
 // test program stops with the operation's own message. Checks of what a test tries use

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A serial line for tests. Records every open and every change of DTR and RTS while open,
 // as "DTR1", "RTS0", …; the ports named in puertosQueFallan do not open.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // For window tests that meet a real modal window (a child Form's exec(), a message box
 // of DialogosQt): runs the test's step on the modal window once it is showing, from

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The audio player for tests: records its commands ("Abrir <archivo>", "Rebobinar",
 // "Reproducir", "Detener", "Cerrar"), answers the scripted length, and ends the file

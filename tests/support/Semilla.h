@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The seed of a test's random choices: the one in RADIOLOG_SEMILLA when it is set, a new one
 // otherwise, printed either way so that a failure can be run again as it was.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A Servicios made of fakes, with a plain pointer to each so the test can script and
 // inspect them after the Servicios has been handed to a Contexto. The pointers live as

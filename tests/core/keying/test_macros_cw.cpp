@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The serial of "F2-Serie", the settings files of the Morse key read and written, and the
 // port choice of the key line: lines off before closing, a failure with its reason.
 #include "core/keying/AjustesCW.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The Morse engine on a fake clock: every change of the key line with its time from the
 // start of the send, for the rhythm, the speeds, the queue, the stop and a macro pressed
 // while sending; and the manual key against the keyboard's auto-repeat.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The PTT line picked by the pin setting, and the port that follows the settings:
 // reopened only when they name another port, so a transmitter keyed at that moment is not
 // let go; closed for "NINGUNO"; quiet about a port that does not open. The CQ caller's

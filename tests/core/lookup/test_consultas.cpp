@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The callsign lookups: the fields cut from QRZ.com's answers, and its chain of requests
 // over a real connection. The national log's lookup is tried from its panel (test_form33).
 

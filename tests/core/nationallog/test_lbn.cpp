@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The national log: the requests as they reach a server, the replies read, the runs of
 // the menu and of the search window over a real connection, and the province award.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The edit window on a stored QSO: saved, refused, deleted, over a store that fails, the
 // grids as typed, and what a screen reader hears.
 #include "gui/editing/Form5.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The lookup panel from the main window's buttons: what it shows, its copy buttons once
 // each, Esc that only hides it and the close box that restores it.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The main window driven as an operator drives it: keys into the fields, Enter, the
 // navigator, the first start. Fake services answer every message and question.
 #include "gui/main/Form1.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The main window's exchanges with the maker's site: the presence messages at the start
 // and the close, against a site that never answers, and "Actualizaciones".
 #include "gui/main/Actualizaciones.h"

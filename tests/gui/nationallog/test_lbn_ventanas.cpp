@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The national log's windows from the main window: a run of the menu shown in
 // VentanaSubida and stopped by the program's end, and the province award of parg.
 
