@@ -5,10 +5,9 @@
 #include "core/contest/Concurso.h"
 #include "core/contest/EdicionConcurso.h"
 #include "core/store/Almacen.h"
+#include "support/ContextoPrueba.h"
 #include "support/Hecho.h"
 
-#include <QFile>
-#include <QTemporaryDir>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -25,7 +24,6 @@ struct Prueba
 {
     Prueba()
     {
-        Hecho(almacen.Abrir(carpeta.filePath(u"base0.db"_s)));
         for (const QString &c : {u"CQ M"_s, u"A"_s, u"C"_s})
             Hecho(FundarConcurso(almacen, c, c == u"CQ M" ? SerieFija() : SerieIncremental()));
         Qso(u"CQ M"_s, u"LU2CD"_s);
@@ -37,8 +35,8 @@ struct Prueba
                                 u"23"_s,    u"7"_s,          u"000"_s,   u"40m"_s, u"SSB"_s};
         Hecho(almacen.AgregarQSOConcurso(FilaDeEntrada(e, concurso, SerieFija()).fila));
     }
-    QTemporaryDir carpeta;
-    Almacen almacen;
+    ContextoPrueba p;
+    Almacen &almacen = p->almacen();
 };
 
 // A contest QSO of 13/11/2010 at 15:30 from "mode band own-callsign station sent-serial".
@@ -155,22 +153,16 @@ private Q_SLOTS:
             "CATEGORY-MODE: MIXED\r\nOPERATORS: \r\nNAME: Juan\r\nADDRESS: Calle 1\r\n"
             "ADDRESS: \r\nADDRESS: Salta\r\nE-MAIL: j@x.ar\r\nCREATED-BY: CR RADIOLOG 2.1.03\r\n"_s);
 
-        QTemporaryDir carpeta;
-        const QString archivo = carpeta.filePath(u"cq.log"_s);
-        Hecho(GuardarCabrillo(archivo, u"QSO: Ñ\nEND-OF-LOG:"_s));
-        QFile f(archivo);
-        QVERIFY(f.open(QIODevice::ReadOnly));
-        QCOMPARE(f.readAll(), QByteArray("QSO: \xD1\r\nEND-OF-LOG:\r\n"));
+        ContextoPrueba p;
+        Hecho(GuardarCabrillo(p.Archivo(u"cq.log"_s), u"QSO: Ñ\nEND-OF-LOG:"_s));
+        QCOMPARE(p.Leer(u"cq.log"_s), QByteArray("QSO: \xD1\r\nEND-OF-LOG:\r\n"));
         // A folder where the file should be: a message, no crash.
-        QVERIFY(!GuardarCabrillo(carpeta.path(), u"x"_s).Mensaje().isEmpty());
+        QVERIFY(!GuardarCabrillo(p.Carpeta(), u"x"_s).Mensaje().isEmpty());
 
         // datos.cbr: missing reads as nothing; lines past the fifth are not the header's.
-        QCOMPARE(LeerDatosCbr(carpeta.path()), QStringList());
-        QFile datos(carpeta.path() + u"/datos.cbr"_s);
-        QVERIFY(datos.open(QIODevice::WriteOnly));
-        datos.write("Juan\r\n\r\n\r\n\r\nj@x.ar\r\nsobra\r\n");
-        datos.close();
-        QCOMPARE(LeerDatosCbr(carpeta.path()), QStringList({u"Juan"_s, {}, {}, {}, u"j@x.ar"_s}));
+        QCOMPARE(LeerDatosCbr(p.Carpeta()), QStringList());
+        p.Escribir(u"datos.cbr"_s, "Juan\r\n\r\n\r\n\r\nj@x.ar\r\nsobra\r\n");
+        QCOMPARE(LeerDatosCbr(p.Carpeta()), QStringList({u"Juan"_s, {}, {}, {}, u"j@x.ar"_s}));
     }
 
     // campo: 0 frequency, 1 date, 2 time.

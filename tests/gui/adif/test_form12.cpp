@@ -148,18 +148,13 @@ private Q_SLOTS:
         // pumps each of the file's seven lines twice before.
         int filas = 0;
         const int tercera = cargando ? 3 : 7 + 7 + 3;
-        const auto accion = [&] {
-            if (++filas != tercera)
-                return;
-            if (cierre)
-                v.f.close();
-            else
-                QTest::keyClick(&v.f, Qt::Key_Escape);
-        };
         v.d().respuestasSiNo.enqueue(si);
         if (cargando)
             v.f.Command1->click();
-        v.p.falsos.bomba->alBombear = accion;
+        v.p.falsos.bomba->alBombear = [&] {
+            if (++filas == tercera)
+                cierre ? void(v.f.close()) : QTest::keyClick(&v.f, Qt::Key_Escape);
+        };
         (cargando ? v.f.Command3 : v.f.Command1)->click();
         QCOMPARE(v.d().Textos(Tipo::PreguntaSiNo), QStringList{u"Cancela el proceso?"_s});
         QTEST(v.Espera(), "espera");

@@ -47,7 +47,8 @@ private Q_SLOTS:
                   : QStringList{});
     }
 
-    void hacerAdif()
+    // The ADIF of every log, then the dated copy of the database.
+    void respaldos()
     {
         ContextoPrueba p;
         for (const char *log : {"Uno", "Dos", "Dos"}) {
@@ -70,11 +71,7 @@ private Q_SLOTS:
         QVERIFY(!f.isVisible());
         QCOMPARE(p.falsos.dialogos->UltimoTexto(),
                  archivo + u"\r\nGuardado!\r\n\r\nDesea verlo?"_s);
-    }
 
-    void copiaDeLaBase()
-    {
-        ContextoPrueba p;
         RespaldarBaseDatos(p.ctx());
         const QString copia = p.Carpeta() + u"/base0_15_05_24.db"_s; // the fake clock's day
         QCOMPARE(p.falsos.dialogos->Textos(Tipo::Informacion), QStringList{copia + u" creada!"_s});
@@ -115,8 +112,7 @@ private Q_SLOTS:
         ExportarConcursoAdif(p.ctx(), u"Copa"_s, u"LU1AAA"_s);
         QFETCH(QStringList, mensajes);
         for (QString &m : mensajes)
-            if (m.contains(u"%1"_s))
-                m = m.arg(archivo);
+            m.replace(u"%1"_s, archivo);
         QCOMPARE(p.falsos.dialogos->Textos(), mensajes);
         const QByteArray texto = p.Leer(u"copa.adi"_s);
         QTEST(texto.isEmpty() ? -1 : int(texto.count("<EOR>")), "registros");
