@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The search window as the operator uses it: the export of the list as sorted on screen
-// with its questions in order, the filters typed through the keys, the edit of a row, and
-// the eQSL button that sends nothing.
+// with its questions in order, the filters typed through the keys, the edit of a row, the
+// uploads and the eQSL button that sends nothing.
 #include "gui/adif/ExportarAdif.h"
 #include "gui/adif/Form6.h"
 #include "gui/adif/ModeloBusqueda.h"
@@ -238,19 +238,9 @@ private Q_SLOTS:
         QVERIFY(!b.f->Command5->isEnabled());
     }
 
-    void eqslNoEnviaNada()
-    {
-        ServidorHttpPrueba servidor;
-        Busqueda b(servidor.Base());
-        QVERIFY(b.f->Command8->isEnabled());
-        b.f->Command8->click();
-        QCOMPARE(b.d().Textos(Tipo::Informacion),
-                 QStringList{u"Momentanemente fuera de servicio"_s});
-        QVERIFY(!servidor.EsperarPedidos(1, 300));
-    }
-
     // The upload with the lookup account: one line a reply in its colour, a refused
-    // password ends the run and is remembered for the member list, and no row changes.
+    // password ends the run and is remembered for the member list, and no row changes. Then
+    // the eQSL button, which sends nothing.
     void subirALbN_data()
     {
         QTest::addColumn<QByteArray>("respuesta");
@@ -280,6 +270,10 @@ private Q_SLOTS:
         QCOMPARE(b.p->almacen().QSOsPorIds(b.f->Lista().Ids()), antes);
         b.f->Command7->click();
         QVERIFY(!b.f->Frame5->isVisible());
+        b.f->Command8->click();
+        QCOMPARE(b.d().Textos(Tipo::Informacion),
+                 QStringList{u"Momentanemente fuera de servicio"_s});
+        QVERIFY(!servidor.EsperarPedidos(pedidos + 1, 300));
     }
 
     void desdeElMenu()
