@@ -56,14 +56,6 @@ FilaConcurso Concurso(const RegistroQSO &q)
     return c;
 }
 
-QStringList Estaciones(const QVector<FilaQSO> &filas)
-{
-    QStringList e;
-    for (const FilaQSO &f : filas)
-        e << f.Estacion;
-    return e;
-}
-
 qint64 FilasEn(const QString &archivo)
 {
     Almacen a;
@@ -189,8 +181,11 @@ private Q_SLOTS:
         }
         Hecho(p->almacen().AgregarLogVacio(u"Log"_s));
         QFETCH(FiltrosBusqueda, filtros);
-        const Resultado<QVector<qint64>> r = BuscarQSOsFiltrados(p->almacen(), u"Log"_s, filtros);
-        QTEST(r ? Estaciones(p->almacen().QSOsPorIds(*r)) : QStringList{r.Mensaje()}, "esperadas");
+        QStringList estaciones;
+        for (const FilaQSO &f :
+             p->almacen().QSOsPorIds(Hecho(BuscarQSOsFiltrados(p->almacen(), u"Log"_s, filtros))))
+            estaciones << f.Estacion;
+        QTEST(estaciones, "esperadas");
     }
 
     void respaldoDeLaBase()

@@ -36,13 +36,6 @@ struct Ventana
         d().archivosAbrir.enqueue(p.Archivo(u"log.adi"_s));
     }
     DialogosFalso &d() { return *p.falsos.dialogos; }
-    QStringList Lista2() const
-    {
-        QStringList l;
-        for (int i = 0; i < f.List2->count(); ++i)
-            l << f.List2->item(i)->text();
-        return l;
-    }
     int Espera() { return int(p->almacen().FilasEspera().size()); }
     qint64 EnLog() { return p->almacen().CantidadQSOs(Log); }
 
@@ -93,7 +86,10 @@ private Q_SLOTS:
             dialogos << QString::fromLatin1(NombreTipo(l.tipo)) + u": "_s + l.texto +
                             (l.titulo.isEmpty() ? QString() : u" ("_s + l.titulo + u')');
         QTEST(dialogos, "dialogos");
-        QTEST(v.Lista2(), "lista2");
+        QStringList lista2;
+        for (int i = 0; i < v.f.List2->count(); ++i)
+            lista2 << v.f.List2->item(i)->text();
+        QTEST(lista2, "lista2");
         QTEST(v.Espera(), "espera");
         QCOMPARE(v.f.Command3->isEnabled(), v.Espera() > 0);
         QVERIFY(v.f.Command1->isEnabled() && !v.f.ImportandoAdif && v.f.Label8->isHidden());
