@@ -63,7 +63,6 @@ private Q_SLOTS:
         Fila("mismo QSO", "LU2CD SSB 40m", true);
         Fila("PH es SSB", "LU2CD PH 40m", true);
         Fila("minúsculas", "lu2cd SSB 40m", true);
-        Fila("otro modo", "LU2CD CW 40m", false);
         Fila("otra banda", "LU2CD SSB 80m", false);
         Fila("otra estación", "LU3EF SSB 40m", false);
         Fila("solo en otro concurso", "LU5IJ SSB 40m", false);
