@@ -7,6 +7,7 @@
 #include "support/Hecho.h"
 #include "support/Modales.h"
 #include "support/Semilla.h"
+#include "support/TablaDeTextos.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -30,23 +31,6 @@ namespace {
 
 const QByteArray ConfigPrueba = "Estacion=LU1AAA\r\nOperador=LU2BBB\r\nDiferUTC=-3\r\n"
                                 "LogenUso=Pruebas\r\nGridLoca=FF78AB\r\nPantalla=1\r\n";
-
-// The tables here hold text only: the columns, a row, and a value of the running row.
-void Columnas(std::initializer_list<const char *> nombres)
-{
-    for (const char *nombre : nombres)
-        QTest::addColumn<QString>(nombre);
-}
-void Fila(const char *nombre, const QStringList &valores)
-{
-    QTestData &fila = QTest::newRow(nombre);
-    for (const QString &valor : valores)
-        fila << valor;
-}
-QString Dato(const char *columna)
-{
-    return *static_cast<QString *>(QTest::qData(columna, qMetaTypeId<QString>()));
-}
 
 // A main window over a fresh folder, past its start-up, with the timers held so that the
 // test decides when each one ticks. The clock reads 14:30 local on 15/05/2024.

@@ -5,6 +5,7 @@
 #include "gui/main/Form1.h"
 #include "gui/satellites/Form11.h"
 #include "support/ContextoPrueba.h"
+#include "support/TablaDeTextos.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -20,22 +21,6 @@
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
-
-void Columnas(std::initializer_list<const char *> nombres)
-{
-    for (const char *nombre : nombres)
-        QTest::addColumn<QString>(nombre);
-}
-void Fila(const char *nombre, const QStringList &valores)
-{
-    QTestData &fila = QTest::newRow(nombre);
-    for (const QString &valor : valores)
-        fila << valor;
-}
-QString Dato(const char *columna)
-{
-    return *static_cast<QString *>(QTest::qData(columna, qMetaTypeId<QString>()));
-}
 
 // A main window over a fresh folder with its editor of satellites. archivos: "name=content"
 // separated by "§", written before the start; "\n" in a content is the file's CRLF.
