@@ -104,8 +104,8 @@ Consultas *ConectarConsultas(Form1 &principal, Contexto &ctx, Form5 *edicion)
                                     ctx.RelojActivo, &principal);
     auto *panel = new Form33(&principal);
     panel->setWindowFlag(Qt::Window);
-    panel->ponerObs = [&principal](const QString &v) { principal.Obs->setText(v); };
-    panel->ponerGrilla = [&principal](const QString &v) { principal.Text2->setText(v); };
+    panel->ponerObs = [&principal](const QString &v) { principal.PonerObservaciones(v); };
+    panel->ponerGrilla = [&principal](const QString &v) { principal.PonerGrillaCorresponsal(v); };
     consultas->mostrar = [panel](const PanelConsulta &p) { panel->Mostrar(p); };
     principal.buscarQRZ = [consultas, &principal] {
         consultas->BusquedaQRZ(principal.Corresponsal->text());

@@ -177,6 +177,9 @@ public Q_SLOTS:
     // The rows cleared and the log in use shown again from its first page, as after a change
     // of the log (an import).
     void CargarLogDesdeElPrincipio();
+    // What a lookup copies into the QSO being entered: the remarks, the correspondent's grid.
+    void PonerObservaciones(const QString &texto);
+    void PonerGrillaCorresponsal(const QString &grilla);
 
 protected:
     bool eventFilter(QObject *objeto, QEvent *evento) override;

@@ -145,6 +145,16 @@ void Form1::CargarLogDesdeElPrincipio()
     CargarLog(1);
 }
 
+void Form1::PonerObservaciones(const QString &texto)
+{
+    Obs->setText(texto);
+}
+
+void Form1::PonerGrillaCorresponsal(const QString &grilla)
+{
+    Text2->setText(grilla);
+}
+
 void Form1::VistaEnEspera(bool cargando)
 {
     ListView2->setVisible(false);
