@@ -240,9 +240,7 @@ bool Form6::eventFilter(QObject *objeto, QEvent *evento)
         if (campo == Text3 || campo == Text4 || campo == Text5)
             return FiltrarTeclaEnCampo(campo, tecla, FiltroTecla::Senal);
     } else if (evento->type() == QEvent::FocusOut) {
-        const auto razon = static_cast<QFocusEvent *>(evento)->reason();
-        // A message box or a popup is not the operator leaving the field.
-        if (razon == Qt::ActiveWindowFocusReason || razon == Qt::PopupFocusReason || !isVisible())
+        if (!DejaElCampo(evento, this))
             return QDialog::eventFilter(objeto, evento);
         if (campo == Text7)
             Text7->setText(BandaFiltro(Text7->text()));

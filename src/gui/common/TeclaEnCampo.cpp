@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "gui/common/TeclaEnCampo.h"
 
+#include <QFocusEvent>
+
 #include <QKeyEvent>
 #include <QLineEdit>
 
@@ -22,4 +24,11 @@ bool FiltrarTeclaEnCampo(QLineEdit *campo, QKeyEvent *tecla, FiltroTecla filtro,
         return true;
     }
     return false;
+}
+
+bool DejaElCampo(const QEvent *perdida, const QWidget *ventana)
+{
+    const auto razon = static_cast<const QFocusEvent *>(perdida)->reason();
+    return razon != Qt::ActiveWindowFocusReason && razon != Qt::PopupFocusReason &&
+           razon != Qt::MenuBarFocusReason && ventana->isVisible();
 }

@@ -363,13 +363,8 @@ bool Form4::eventFilter(QObject *objeto, QEvent *evento)
             MarcarFoco(campo, true);
         break;
     case QEvent::FocusOut:
-        if (campo) {
-            const auto razon = static_cast<QFocusEvent *>(evento)->reason();
-            // A message box or a list popping up is not the operator leaving the field.
-            if (razon != Qt::ActiveWindowFocusReason && razon != Qt::PopupFocusReason &&
-                razon != Qt::MenuBarFocusReason && isVisible())
-                AlPerderFoco(campo);
-        }
+        if (campo && DejaElCampo(evento, this))
+            AlPerderFoco(campo);
         break;
     default:
         break;

@@ -238,13 +238,8 @@ bool Form5::eventFilter(QObject *objeto, QEvent *evento)
         if (evento->type() == QEvent::KeyPress) {
             if (AlTeclear(campo, static_cast<QKeyEvent *>(evento)))
                 return true;
-        } else if (evento->type() == QEvent::FocusOut) {
-            const auto razon = static_cast<QFocusEvent *>(evento)->reason();
-            // A message box or a list popping up is not the operator leaving the field,
-            // and neither is the window going away.
-            if (razon != Qt::ActiveWindowFocusReason && razon != Qt::PopupFocusReason &&
-                razon != Qt::MenuBarFocusReason && isVisible())
-                AlPerderFoco(campo);
+        } else if (evento->type() == QEvent::FocusOut && DejaElCampo(evento, this)) {
+            AlPerderFoco(campo);
         }
     }
     return QDialog::eventFilter(objeto, evento);

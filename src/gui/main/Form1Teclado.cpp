@@ -4,6 +4,7 @@
 // the CQ caller and F5 for the last QSO.
 #include "core/context/Contexto.h"
 #include "core/rules/Validacion.h"
+#include "gui/common/TeclaEnCampo.h"
 #include "gui/common/Twips.h"
 #include "gui/main/Form1.h"
 
@@ -78,10 +79,7 @@ bool Form1::eventFilter(QObject *objeto, QEvent *evento)
         break;
     case QEvent::FocusOut:
         if (EsCampo(this, objeto)) {
-            const auto razon = static_cast<QFocusEvent *>(evento)->reason();
-            // A message box or a menu taking the focus is not the operator leaving.
-            if (razon == Qt::ActiveWindowFocusReason || razon == Qt::PopupFocusReason ||
-                razon == Qt::MenuBarFocusReason)
+            if (!DejaElCampo(evento, this))
                 break;
             AlPerderFoco(static_cast<QLineEdit *>(objeto));
         }

@@ -6,6 +6,7 @@
 #include "core/satellites/Catalogo.h"
 #include "core/satellites/EdicionSatelites.h"
 #include "gui/common/Controles.h"
+#include "gui/common/TeclaEnCampo.h"
 #include "gui/main/Form1.h"
 
 #include <QComboBox>
@@ -194,10 +195,7 @@ bool Form11::eventFilter(QObject *objeto, QEvent *evento)
 {
     if (evento->type() == QEvent::FocusOut && !revisando_ &&
         (objeto == Frec_new || objeto == Text5)) {
-        // A message box or a menu taking the focus is not the operator leaving.
-        const auto razon = static_cast<QFocusEvent *>(evento)->reason();
-        if (razon != Qt::ActiveWindowFocusReason && razon != Qt::PopupFocusReason &&
-            razon != Qt::MenuBarFocusReason)
+        if (DejaElCampo(evento, this))
             RevisarAlSalir(static_cast<QLineEdit *>(objeto));
     }
     return QDialog::eventFilter(objeto, evento);
