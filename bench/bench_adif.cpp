@@ -7,7 +7,7 @@
 //
 // filas is the size of the log (1,000,000 by default). The files go to a temporary folder.
 
-#include "Banco.h"
+#include "BancoGoogle.h"
 #include "core/adif/Busqueda.h"
 #include "core/adif/ExportacionAdif.h"
 #include "core/adif/Respaldo.h"
@@ -108,10 +108,7 @@ void BM_RespaldarBase(benchmark::State &estado)
 int main(int argc, char **argv)
 {
     QCoreApplication app(argc, argv);
-    std::vector<char *> args;
-    g_filas = TamanoPedido(argc, argv, g_filas, args);
-    int cuantos = int(args.size());
-    benchmark::Initialize(&cuantos, args.data());
+    g_filas = IniciarBanco(argc, argv, g_filas);
 
     QTemporaryDir carpeta;
     g_carpeta = &carpeta;

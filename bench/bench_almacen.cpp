@@ -8,7 +8,7 @@
 // The database is built once in a temporary folder, with the main log, five middle-sized
 // logs and a hundred small ones.
 
-#include "Banco.h"
+#include "BancoGoogle.h"
 #include "core/store/Almacen.h"
 
 #include <QCoreApplication>
@@ -225,10 +225,7 @@ void BM_AgregarUnQSO(benchmark::State &estado)
 int main(int argc, char **argv)
 {
     QCoreApplication app(argc, argv);
-    std::vector<char *> args;
-    g_filas = TamanoPedido(argc, argv, g_filas, args);
-    int cuantos = int(args.size());
-    benchmark::Initialize(&cuantos, args.data());
+    g_filas = IniciarBanco(argc, argv, g_filas);
 
     QTemporaryDir carpeta;
     g_archivo = carpeta.filePath(QStringLiteral("base0.db"));

@@ -7,7 +7,7 @@
 // filas is the size of the log (1,000,000 by default); it is built once in a temporary
 // folder. The file has no header, so that its 10,000 records stand within the line limit.
 
-#include "Banco.h"
+#include "BancoGoogle.h"
 #include "core/adif/Importacion.h"
 #include "core/adif/LectorAdif.h"
 #include "core/store/Almacen.h"
@@ -159,10 +159,7 @@ void BM_Importar(benchmark::State &estado)
 int main(int argc, char **argv)
 {
     QCoreApplication app(argc, argv);
-    std::vector<char *> args;
-    g_filas = TamanoPedido(argc, argv, g_filas, args);
-    int cuantos = int(args.size());
-    benchmark::Initialize(&cuantos, args.data());
+    g_filas = IniciarBanco(argc, argv, g_filas);
 
     QTemporaryDir carpeta;
     Almacen almacen;

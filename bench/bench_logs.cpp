@@ -7,7 +7,7 @@
 // qsos is the size of the database (1,000,000 by default): one large log and 99 of
 // 1,000 QSOs each. The windows are built on the offscreen platform unless another is set.
 
-#include "Banco.h"
+#include "BancoGoogle.h"
 #include "core/store/Almacen.h"
 #include "core/store/Historial.h"
 #include "core/store/Logs.h"
@@ -130,10 +130,7 @@ int main(int argc, char **argv)
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
-    std::vector<char *> args;
-    g_qsos = TamanoPedido(argc, argv, g_qsos, args);
-    int cuantos = int(args.size());
-    benchmark::Initialize(&cuantos, args.data());
+    g_qsos = IniciarBanco(argc, argv, g_qsos);
 
     QTemporaryDir carpeta;
     g_archivo = carpeta.filePath(QStringLiteral("base0.db"));

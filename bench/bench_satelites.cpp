@@ -5,7 +5,7 @@
 //
 // satelites is the size of the catalogue (1,000 by default), lines as the editor writes
 // them. The windows are built on the offscreen platform unless another is set.
-#include "Banco.h"
+#include "BancoGoogle.h"
 #include "core/context/Contexto.h"
 #include "core/platform/ArchivoTexto.h"
 #include "core/satellites/Catalogo.h"
@@ -78,10 +78,7 @@ int main(int argc, char **argv)
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
-    std::vector<char *> args;
-    g_satelites = TamanoPedido(argc, argv, g_satelites, args);
-    int cuantos = int(args.size());
-    benchmark::Initialize(&cuantos, args.data());
+    g_satelites = IniciarBanco(argc, argv, g_satelites);
 
     QTemporaryDir carpeta;
     QStringList lineas;
