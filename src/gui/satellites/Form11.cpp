@@ -89,22 +89,30 @@ void Form11::Crear()
     CrearEditando();
 }
 
+void Form11::CrearCampos(QGroupBox *marco, const std::array<const char *, 6> &nombres,
+                         const CamposSatelite &c)
+{
+    c.nombre = Texto(marco, nombres[0], 300, 1800);
+    Rotulo(marco, QStringLiteral("Nombre:"), 120, 345, 1150, c.nombre);
+    c.subida = Lista(marco, nombres[1], kBandas, QStringLiteral("2m"), 720);
+    Rotulo(marco, QStringLiteral("Subida:"), 120, 765, 1150, c.subida);
+    c.bajada = Lista(marco, nombres[2], kBandas, QStringLiteral("70cm"), 1140);
+    Rotulo(marco, QStringLiteral("Bajada:"), 120, 1185, 1150, c.bajada);
+    c.modo = Lista(marco, nombres[3], kModos, QStringLiteral("FM"), 1560);
+    Rotulo(marco, QStringLiteral("Modo:"), 120, 1605, 1150, c.modo);
+    c.subtono = Texto(marco, nombres[4], 1980, 1200);
+    Rotulo(marco, QStringLiteral("Sub Tono:"), 120, 2025, 1150, c.subtono);
+    c.frecuencia =
+        Campo(marco, nombres[5], 1320, 2400, 1200, LargoFrecuencia(c.subida->currentText()));
+    Rotulo(marco, QStringLiteral("Frecuencia:"), 120, 2445, 1150, c.frecuencia);
+}
+
 void Form11::CrearAgregar()
 {
     Frame1 = Poner<QGroupBox>(this, "Frame1", 120, 120, 3240, 4200);
     Frame1->setTitle(QStringLiteral("Agregar"));
-    Text1 = Texto(Frame1, "Text1", 300, 1800);
-    Rotulo(Frame1, QStringLiteral("Nombre:"), 120, 345, 1150, Text1);
-    Combo1 = Lista(Frame1, "Combo1", kBandas, QStringLiteral("2m"), 720);
-    Rotulo(Frame1, QStringLiteral("Subida:"), 120, 765, 1150, Combo1);
-    Combo2 = Lista(Frame1, "Combo2", kBandas, QStringLiteral("70cm"), 1140);
-    Rotulo(Frame1, QStringLiteral("Bajada:"), 120, 1185, 1150, Combo2);
-    Combo3 = Lista(Frame1, "Combo3", kModos, QStringLiteral("FM"), 1560);
-    Rotulo(Frame1, QStringLiteral("Modo:"), 120, 1605, 1150, Combo3);
-    Text4 = Texto(Frame1, "Text4", 1980, 1200);
-    Rotulo(Frame1, QStringLiteral("Sub Tono:"), 120, 2025, 1150, Text4);
-    Frec_new = Campo(Frame1, "Frec_new", 1320, 2400, 1200, LargoFrecuencia(Combo1->currentText()));
-    Rotulo(Frame1, QStringLiteral("Frecuencia:"), 120, 2445, 1150, Frec_new);
+    CrearCampos(Frame1, {"Text1", "Combo1", "Combo2", "Combo3", "Text4", "Frec_new"},
+                {Text1, Combo1, Combo2, Combo3, Text4, Frec_new});
     Command1 = Boton(Frame1, "Command1", QStringLiteral("Agregar"), 1320, 3240, 1320, 420);
 }
 
@@ -112,18 +120,8 @@ void Form11::CrearEditando()
 {
     Frame3 = Poner<QGroupBox>(this, "Frame3", 6360, 120, 3360, 4200);
     Frame3->setTitle(QStringLiteral("Editando ..."));
-    Text2 = Texto(Frame3, "Text2", 300, 1800);
-    Rotulo(Frame3, QStringLiteral("Nombre:"), 120, 345, 1150, Text2);
-    Combo8 = Lista(Frame3, "Combo8", kBandas, QStringLiteral("2m"), 720);
-    Rotulo(Frame3, QStringLiteral("Subida:"), 120, 765, 1150, Combo8);
-    Combo7 = Lista(Frame3, "Combo7", kBandas, QStringLiteral("70cm"), 1140);
-    Rotulo(Frame3, QStringLiteral("Bajada:"), 120, 1185, 1150, Combo7);
-    Combo6 = Lista(Frame3, "Combo6", kModos, QStringLiteral("FM"), 1560);
-    Rotulo(Frame3, QStringLiteral("Modo:"), 120, 1605, 1150, Combo6);
-    Text3 = Texto(Frame3, "Text3", 1980, 1200);
-    Rotulo(Frame3, QStringLiteral("Sub Tono:"), 120, 2025, 1150, Text3);
-    Text5 = Campo(Frame3, "Text5", 1320, 2400, 1200, LargoFrecuencia(Combo8->currentText()));
-    Rotulo(Frame3, QStringLiteral("Frecuencia:"), 120, 2445, 1150, Text5);
+    CrearCampos(Frame3, {"Text2", "Combo8", "Combo7", "Combo6", "Text3", "Text5"},
+                {Text2, Combo8, Combo7, Combo6, Text3, Text5});
     Command2 = Boton(Frame3, "Command2", QStringLiteral("Aceptar"), 120, 3240, 1000, 420);
     Command3 = Boton(Frame3, "Command3", QStringLiteral("Cancelar"), 1180, 3240, 1000, 420);
     Command4 = Boton(Frame3, "Command4", QStringLiteral("Eliminar"), 2240, 3240, 1000, 420);

@@ -5,6 +5,7 @@
 // place. The list is read from satelites.txt at each opening and after each change.
 
 #include <QDialog>
+#include <array>
 #include <functional>
 
 class Contexto;
@@ -58,6 +59,15 @@ protected:
 
 private:
     void Crear();
+    // The six fields of a satellite, laid out alike in "Agregar" and "Editando ...".
+    struct CamposSatelite
+    {
+        QLineEdit *&nombre;
+        QComboBox *&subida, *&bajada, *&modo;
+        QLineEdit *&subtono, *&frecuencia;
+    };
+    void CrearCampos(QGroupBox *marco, const std::array<const char *, 6> &nombres,
+                     const CamposSatelite &c);
     void CrearAgregar();
     void CrearEditando();
     void Conectar();
