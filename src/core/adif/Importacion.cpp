@@ -277,32 +277,23 @@ Importacion::Carga Importacion::Cargar(bool reemplazar, const QString &log)
 {
     Carga c;
     Estado(QStringLiteral("Cargando ..."));
-    const QVector<FilaQSO> filas = almacen_.FilasEspera();
-    const int maximo = std::max(QSOs(), int(filas.size()));
+    const QVector<Almacen::MarcaEspera> marcas = almacen_.MarcasEspera();
+    const int maximo = std::max(QSOs(), int(marcas.size()));
     Progreso(0, maximo);
     if (Resultado<> r = almacen_.IniciarTransaccion(); !r) {
         c.fallo = r.Mensaje();
         return c;
     }
     int hechas = 0;
-    for (const FilaQSO &f : filas) {
-        const bool nuevo = f.Dupe == u"VA";
+    for (const Almacen::MarcaEspera &m : marcas) {
+        const bool nuevo = m.Dupe == u"VA";
         if (nuevo || reemplazar) {
-            RegistroQSO q;
-            q.Estacion = f.Estacion, q.Banda = f.Banda, q.Modo = f.Modo;
-            q.RSE = f.RSE, q.RSR = f.RSR, q.Obs = f.Obs, q.Operador = f.Operador;
-            q.Fecha = QString(f.Fecha).replace(QLatin1Char('-'), QLatin1Char('/'));
-            q.Hora = f.Hora.size() == 5 ? f.Hora + QStringLiteral(":00") : f.Hora;
-            q.MyCall = f.MyCall, q.Frecuencia = f.Frecuencia;
-            q.MiGrid = f.MiGrid, q.SuGrid = f.SuGrid, q.Nombre_Sat = f.Nombre_Sat;
-            q.Argento = f.Argento;
-            // The state as a number: a plain file's empty one is 0, not uploaded.
-            q.LbN = QString::number(qint64(NumeroInicial(f.LbN)));
             QString fallo;
             if (nuevo) {
-                if (Resultado<qint64> r = almacen_.AgregarQSOImportado(q, log); !r)
+                if (Resultado<qint64> r = almacen_.AgregarQSODeEspera(m.id, log); !r)
                     fallo = r.Mensaje();
-            } else if (Resultado<> r = almacen_.ActualizarQSO(qint64(NumeroInicial(f.Dupe)), q);
+            } else if (Resultado<> r =
+                           almacen_.ActualizarQSODeEspera(qint64(NumeroInicial(m.Dupe)), m.id);
                        !r) {
                 fallo = r.Mensaje();
             }

@@ -307,6 +307,21 @@ QSqlQuery *Almacen::Privado::Preparar(const QString &sql, const QVariantList &va
     return &q;
 }
 
+Sentencia *Almacen::Privado::Motor(const char *sql)
+{
+    auto it = sentencias.find(sql);
+    if (it == sentencias.end()) {
+        Sentencia nueva;
+        if (!nueva.Preparar(MotorDe(db), sql)) {
+            error = nueva.Error();
+            return nullptr;
+        }
+        it = sentencias.emplace(sql, std::move(nueva)).first;
+    }
+    it->second.Reiniciar();
+    return &it->second;
+}
+
 bool Almacen::Privado::Directa(const QString &sql)
 {
     if (!Abierta()) {
@@ -407,6 +422,7 @@ Almacen::Almacen()
     : d(new Privado)
 {
     d->conexion = QStringLiteral("almacen-%1").arg(++g_instancias);
+    PrepararMotor();
 }
 
 Almacen::~Almacen()
@@ -502,9 +518,11 @@ Resultado<> Almacen::Abrir(const QString &archivo)
     if (!d->Directa(QStringLiteral("PRAGMA journal_mode=WAL")) ||
         !d->Directa(QStringLiteral("PRAGMA synchronous=FULL")) ||
         !d->Directa(QStringLiteral("PRAGMA cache_size=-32768")) ||
-        !d->Directa(QStringLiteral("PRAGMA temp_store=MEMORY")))
+        !d->Directa(QStringLiteral("PRAGMA temp_store=MEMORY")) ||
+        !RegistrarFunciones(MotorDe(d->db)))
         return rechazar(Fallo{QStringLiteral("No se puede preparar la base de datos %1.\r\n\r\n%2")
                                   .arg(ruta, d->error)});
+    d->volcador = std::make_unique<Volcador>(MotorDe(d->db));
     d->archivo = archivo;
     if (Resultado<> esquema = ActualizarEsquema(); !esquema)
         return rechazar(Fallo{esquema.Mensaje()});
@@ -516,6 +534,8 @@ void Almacen::Cerrar()
 {
     d->ultima = nullptr;
     d->consultas.clear();
+    d->sentencias.clear();
+    d->volcador.reset();
     d->pagina = {};
     d->carga = {};
     d->archivo.clear();

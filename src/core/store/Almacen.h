@@ -49,6 +49,11 @@ public:
     // The import staging table Tabla3: reports cut to 3, Obs to 100, grids trimmed.
     Resultado<qint64> AgregarQSOEspera(const RegistroQSO &qso, const QString &dupe,
                                        const QString &logenUso);
+    // The load of a row staged in Tabla3, moved inside the engine: as AgregarQSOImportado
+    // and ActualizarQSO write the row read back, its date kept as read, a time of hh:mm
+    // given its seconds and the upload state made a whole number (empty is 0).
+    Resultado<qint64> AgregarQSODeEspera(qint64 idEspera, const QString &logenUso);
+    Resultado<> ActualizarQSODeEspera(qint64 id, qint64 idEspera);
     // A placeholder row: only "Nombre Log" set, so the log exists with no QSOs.
     Resultado<qint64> AgregarLogVacio(const QString &log);
 
@@ -188,6 +193,13 @@ public:
     // The destination must not exist.
     Resultado<> CopiarBase(const QString &destino);
     QVector<FilaQSO> FilasEspera();
+    // The staged rows in their order, with their marks: "VA" or the id they duplicate.
+    struct MarcaEspera
+    {
+        qint64 id = 0;
+        QString Dupe;
+    };
+    QVector<MarcaEspera> MarcasEspera();
 
     // Contest logs.
     QStringList LogsConcurso();

@@ -16,11 +16,6 @@ const QString kInsertarTabla1 = QStringLiteral(
     "\"Nombre Log\", Frecuencia, MiGrid, SuGrid, LbN, Nombre_Sat, Argento) "
     "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
 
-const QString kInsertarTabla3 = QStringLiteral(
-    "INSERT INTO Tabla3 (Modo, Banda, MyCall, Estacion, Fecha, Hora, RSE, RSR, Obs, Operador, "
-    "\"Nombre Log\", Frecuencia, MiGrid, SuGrid, LbN, Nombre_Sat, Argento, Dupe) "
-    "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
-
 // Operador and Argento of a contest row stay unset.
 const QString kInsertarTabla2 = QStringLiteral(
     "INSERT INTO Tabla2 (Modo, Banda, MyCall, Estacion, Fecha, Hora, RSE, RSR, Obs, "
@@ -76,25 +71,6 @@ Resultado<qint64> Almacen::AgregarQSOConcurso(const FilaConcurso &f)
         return id;
     return d->FalloCon(QStringLiteral("No se pudo guardar el QSO con %1 en el concurso %2.")
                            .arg(f.Estacion, f.NombreLog));
-}
-
-Resultado<qint64> Almacen::AgregarQSOEspera(const RegistroQSO &qso, const QString &dupe,
-                                            const QString &logenUso)
-{
-    RegistroQSO cortado = qso;
-    cortado.RSE = qso.RSE.left(3);
-    cortado.RSR = qso.RSR.left(3);
-    cortado.Obs = qso.Obs.left(100);
-    cortado.MiGrid = SinBlancos(qso.MiGrid);
-    cortado.SuGrid = SinBlancos(qso.SuGrid);
-    QVariantList valores = ValoresTabla1(cortado, logenUso, qso.LbN, qso.Nombre_Sat,
-                                         ProvinciaParaGuardar(qso.Estacion));
-    valores << Texto(dupe);
-    const qint64 id = d->Insertar(kInsertarTabla3, valores);
-    if (id > 0)
-        return id;
-    return d->FalloCon(
-        QStringLiteral("No se pudo preparar la importación del QSO con %1.").arg(qso.Estacion));
 }
 
 Resultado<qint64> Almacen::AgregarLogVacio(const QString &log)

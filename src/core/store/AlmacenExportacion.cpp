@@ -6,10 +6,8 @@
 #include "core/store/AlmacenPrivado.h"
 
 #include <QFileInfo>
-#include <QSqlDriver>
 #include <QSqlQuery>
 #include <iterator>
-#include <sqlite3.h>
 
 using namespace almacen;
 
@@ -23,24 +21,6 @@ QString PrefijoFijo(const QString &patron)
            patron.at(n) != QLatin1Char('?'))
         ++n;
     return patron.left(n);
-}
-
-// A text column of the row the statement stands on, into a text that keeps its room: plain
-// ASCII is widened in place, anything else decoded from UTF-8. NULL reads as empty.
-void LeerTexto(QString &destino, sqlite3_stmt *consulta, int columna)
-{
-    const auto *texto = sqlite3_column_text(consulta, columna);
-    const int largo = sqlite3_column_bytes(consulta, columna);
-    for (int i = 0; i < largo; ++i) {
-        if (texto[i] >= 0x80) {
-            destino = QString::fromUtf8(reinterpret_cast<const char *>(texto), largo);
-            return;
-        }
-    }
-    destino.resize(largo);
-    QChar *p = destino.data();
-    for (int i = 0; i < largo; ++i)
-        p[i] = QLatin1Char(char(texto[i]));
 }
 
 } // namespace
@@ -253,45 +233,28 @@ Resultado<> Almacen::Recorrer(const QByteArray &sql, const QString &log,
         d->error = causa;
         return d->FalloCon(QStringLiteral("No se pudieron leer los QSOs."));
     };
-    // Read through the engine's own interface on Qt's connection: every value of Qt's
-    // reader passes through a variant and a UTF-16 copy made by the engine, which would
-    // take longer than the work done with the rows.
-    sqlite3 *base = nullptr;
-    if (d->Abierta()) {
-        const QVariant h = d->db.driver()->handle();
-        if (h.isValid() && qstrcmp(h.typeName(), "sqlite3*") == 0)
-            base = *static_cast<sqlite3 *const *>(h.constData());
-    }
-    if (!base)
-        return fallo(QStringLiteral("La base de datos no está abierta."));
-    sqlite3_stmt *consulta = nullptr;
-    if (sqlite3_prepare_v2(base, sql.constData(), int(sql.size()), &consulta, nullptr) !=
-        SQLITE_OK) {
-        sqlite3_finalize(consulta);
-        return fallo(QString::fromUtf8(sqlite3_errmsg(base)));
-    }
-    const QByteArray nombre = log.toUtf8();
-    if (sqlite3_bind_parameter_count(consulta) > 0)
-        sqlite3_bind_text(consulta, 1, nombre.constData(), int(nombre.size()), SQLITE_STATIC);
+    // Read through the engine's own interface: every value of Qt's reader passes through a
+    // variant and a UTF-16 copy made by the engine, which would take longer than the work
+    // done with the rows.
+    Sentencia consulta;
+    if (!consulta.Preparar(MotorDe(d->db), sql.constData()))
+        return fallo(consulta.Error());
+    consulta.Texto(1, log); // a walk of the whole table has no value to bind: nothing is done
     // One row object for the whole walk: its texts keep their room from row to row.
     FilaQSO f;
     const int primera = conId ? 1 : 0;
-    int paso;
-    while ((paso = sqlite3_step(consulta)) == SQLITE_ROW) {
+    while (consulta.Fila()) {
         if (conId)
-            f.id = sqlite3_column_int64(consulta, 0);
+            f.id = consulta.EnteroEn(0);
         for (int i = 0; i < int(columnas.size()); ++i)
-            LeerTexto(f.*columnas[i], consulta, primera + i);
+            consulta.TextoEn(f.*columnas[i], primera + i);
         if (conId) // a whole row: its date as the store gives it everywhere
             f.Fecha = FechaLeida(f.Fecha);
-        if (!cada(f)) {
-            paso = SQLITE_DONE;
-            break;
-        }
+        if (!cada(f))
+            return {};
     }
-    sqlite3_finalize(consulta);
-    if (paso != SQLITE_DONE)
-        return fallo(QString::fromUtf8(sqlite3_errstr(paso)));
+    if (consulta.Fallo())
+        return fallo(consulta.Error());
     return {};
 }
 

@@ -4,12 +4,15 @@
 // statements, the page last read, and the conversions done at the edge of the file.
 
 #include "core/store/Almacen.h"
+#include "core/store/Sentencia.h"
+#include "core/store/Volcador.h"
 
 #include <QSqlQuery>
 #include <QString>
 #include <QVariant>
 #include <QVector>
 #include <functional>
+#include <memory>
 #include <unordered_map>
 
 namespace almacen {
@@ -88,6 +91,10 @@ struct Almacen::Privado
     };
     std::unordered_map<QString, Preparada> consultas;
     std::pair<const QString, Preparada> *ultima = nullptr; // the one run last
+    // Statements of the engine's own interface, for the rows of a large job, prepared once
+    // by the address of their text. They go before the connection closes.
+    std::unordered_map<const char *, almacen::Sentencia> sentencias;
+    std::unique_ptr<almacen::Volcador> volcador;
 
     // The page read last, so that the next or previous page seeks from its edge.
     struct Pagina
@@ -129,6 +136,9 @@ struct Almacen::Privado
     // runs it. nullptr on failure, with the engine's text in error. The caller reads its
     // rows and finishes it, so that no read stays open.
     QSqlQuery *Preparar(const QString &sql, const QVariantList &valores);
+    // The statement of the engine's own interface for that text, prepared on first use and
+    // ready to run; nullptr when it cannot be, with the engine's words in error.
+    almacen::Sentencia *Motor(const char *sql);
     // A statement with no values and no rows (schema, pragmas, savepoints).
     bool Directa(const QString &sql);
     // A write; it forgets the page read last.

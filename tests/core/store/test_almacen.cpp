@@ -141,6 +141,57 @@ private Q_SLOTS:
         QCOMPARE(a.HistorialDe(u"L"_s, u"XX"_s).size(), 0);
     }
 
+    // A staged row loaded into the log: added as an imported QSO (satellite trimmed), or
+    // written over QSO 1 (LU1ABC at 12:00:00, state 1) as an edit is (satellite as it is);
+    // either way a time of hh:mm gets its seconds and the state becomes the whole number it
+    // starts with.
+    void cargaDeEspera_data()
+    {
+        QTest::addColumn<QStringList>("espera"); // Estacion, Hora, LbN, Nombre_Sat
+        QTest::addColumn<bool>("reemplaza");
+        QTest::addColumn<QString>("fila"); // the row of the log, as stored
+        QTest::addColumn<int>("qsos");
+        const auto fila = [](const char *nombre, const QStringList &espera, bool reemplaza,
+                             const char *guardada) {
+            QTest::newRow(nombre) << espera << reemplaza << QString::fromUtf8(guardada)
+                                  << (reemplaza ? 1 : 2);
+        };
+        fila("nuevo", {u"LU1ABC"_s, u"12:07"_s, {}, u" AO-91 "_s}, false,
+             "LU1ABC|12:07:00|0|AO-91");
+        fila("nuevo del servicio", {u"LU1ABC"_s, u"12:07:30"_s, u"2"_s, {}}, false,
+             "LU1ABC|12:07:30|2|");
+        fila("estado con texto", {u"LU1ABC"_s, u"12:07"_s, u" 1.9x"_s, {}}, false,
+             "LU1ABC|12:07:00|1|");
+        fila("reemplazo", {u"LU1ABC"_s, u"12:00"_s, {}, u" AO-91 "_s}, true,
+             "LU1ABC|12:00:00|0| AO-91 ");
+        // The key differs only in case, or moves in time: the row and its entries change.
+        fila("reemplazo en minúsculas", {u"lu1abc"_s, u"12:00"_s, u"Y"_s, {}}, true,
+             "lu1abc|12:00:00|0|");
+        fila("reemplazo a otra hora", {u"LU1ABC"_s, u"12:05"_s, {}, {}}, true,
+             "LU1ABC|12:05:00|0|");
+    }
+
+    void cargaDeEspera()
+    {
+        QFETCH(QStringList, espera);
+        QFETCH(bool, reemplaza);
+        Almacen &a = *alm_;
+        const QString log = u"Diario"_s;
+        Hecho(a.AgregarQSO(Qso(u"LU1ABC"_s, u"15/03/2024"_s, u"12:00:00"_s), log));
+        RegistroQSO q = Qso(espera[0], u"15/03/2024"_s, espera[1]);
+        q.LbN = espera[2], q.Nombre_Sat = espera[3];
+        const qint64 idEspera = Hecho(a.AgregarQSOEspera(q, u"1"_s, log));
+        const qint64 id = reemplaza ? (Hecho(a.ActualizarQSODeEspera(1, idEspera)), 1)
+                                    : Hecho(a.AgregarQSODeEspera(idEspera, log));
+        OtraConexion otra(Archivo());
+        QTEST(
+            otra(u"SELECT Estacion, Hora, LbN, Nombre_Sat FROM Tabla1 WHERE id=?"_s, {id}).value(0),
+            "fila");
+        QTEST(int(a.CantidadQSOs(log)), "qsos");
+        QCOMPARE(a.PaginaLog(log, 1).value(0).Hora,
+                 q.Hora.size() == 5 ? q.Hora + u":00"_s : q.Hora);
+    }
+
     void fallaConMensaje_data()
     {
         QTest::addColumn<QString>("mensaje"); // what could not be done; the engine's words follow
@@ -152,6 +203,8 @@ private Q_SLOTS:
         fila("AgregarQSOConcurso",
              u"No se pudo guardar el QSO con LU1ABC en el concurso Fiesta."_s);
         fila("AgregarQSOEspera", u"No se pudo preparar la importación del QSO con LU1ABC."_s);
+        fila("AgregarQSODeEspera", u"No se pudo importar el QSO con LU1ABC."_s);
+        fila("ActualizarQSODeEspera", u"No se pudo guardar el QSO #1."_s);
         fila("AgregarLogVacio", u"No se pudo crear el log Nuevo."_s);
         fila("ActualizarQSO", u"No se pudo guardar el QSO #1."_s);
         fila("MarcarLbN", u"No se pudo anotar el estado en LbN del QSO #1."_s);
@@ -194,6 +247,9 @@ private Q_SLOTS:
             {u"AgregarQSOConcurso"_s, [&] { return a.AgregarQSOConcurso(c).Mensaje(); }},
             {u"AgregarQSOEspera"_s,
              [&] { return a.AgregarQSOEspera(Qso(u"LU1ABC"_s), {}, u"Diario"_s).Mensaje(); }},
+            {u"AgregarQSODeEspera"_s,
+             [&] { return a.AgregarQSODeEspera(1, u"Diario"_s).Mensaje(); }},
+            {u"ActualizarQSODeEspera"_s, [&] { return a.ActualizarQSODeEspera(1, 1).Mensaje(); }},
             {u"AgregarLogVacio"_s, [&] { return a.AgregarLogVacio(u"Nuevo"_s).Mensaje(); }},
             {u"ActualizarQSO"_s, [&] { return a.ActualizarQSO(1, Qso(u"LU2XX"_s)).Mensaje(); }},
             {u"MarcarLbN"_s, [&] { return a.MarcarLbN(1, 2).Mensaje(); }},
