@@ -278,31 +278,33 @@ Importacion::Carga Importacion::Cargar(bool reemplazar, const QString &log)
     Carga c;
     Estado(QStringLiteral("Cargando ..."));
     const QVector<Almacen::MarcaEspera> marcas = almacen_.MarcasEspera();
-    const int maximo = std::max(QSOs(), int(marcas.size()));
+    const int total = int(marcas.size());
+    const int maximo = std::max(QSOs(), total);
     Progreso(0, maximo);
     if (Resultado<> r = almacen_.IniciarTransaccion(); !r) {
         c.fallo = r.Mensaje();
         return c;
     }
-    int hechas = 0;
-    for (const Almacen::MarcaEspera &m : marcas) {
-        const bool nuevo = m.Dupe == u"VA";
-        if (nuevo || reemplazar) {
-            QString fallo;
-            if (nuevo) {
-                if (Resultado<qint64> r = almacen_.AgregarQSODeEspera(m.id, log); !r)
-                    fallo = r.Mensaje();
-            } else if (Resultado<> r =
-                           almacen_.ActualizarQSODeEspera(qint64(NumeroInicial(m.Dupe)), m.id);
-                       !r) {
-                fallo = r.Mensaje();
-            }
-            if (!fallo.isEmpty()) {
-                static_cast<void>(almacen_.DeshacerTransaccion());
-                c = {};
-                c.fallo = fallo;
-                return c;
-            }
+    const auto fallar = [&c, this](const QString &fallo) {
+        static_cast<void>(almacen_.DeshacerTransaccion());
+        c = {};
+        c.fallo = fallo;
+        return c;
+    };
+    for (int desde = 0; desde < total; desde += kFilasPorBloque) {
+        const int hasta = std::min(desde + kFilasPorBloque, total);
+        Resultado<int> nuevos =
+            almacen_.AgregarQSOsDeEspera(marcas[desde].id, marcas[hasta - 1].id, log);
+        if (!nuevos)
+            return fallar(nuevos.Mensaje());
+        c.cargados += nuevos.Valor();
+        for (int i = desde; reemplazar && i < hasta; ++i) {
+            const Almacen::MarcaEspera &m = marcas[i];
+            if (m.Dupe == u"VA")
+                continue;
+            if (Resultado<> r = almacen_.ActualizarQSODeEspera(qint64(NumeroInicial(m.Dupe)), m.id);
+                !r)
+                return fallar(r.Mensaje());
             ++c.cargados;
         }
         Bombear();
@@ -310,7 +312,7 @@ Importacion::Carga Importacion::Cargar(bool reemplazar, const QString &log)
             c.detenido = true;
             break;
         }
-        Progreso(++hechas, maximo);
+        Progreso(hasta, maximo);
     }
     if (Resultado<> r = almacen_.ConfirmarTransaccion(); !r) {
         c = {};

@@ -21,6 +21,10 @@ class Almacen;
 
 // More lines than this, and the file is refused.
 inline constexpr int kMaximoLineasAdif = 10000;
+// Staged rows loaded between two looks at the window: a stop asked during the load keeps the
+// blocks loaded before it. A block takes about a millisecond; a row at a time, the load
+// would take a third longer.
+inline constexpr int kFilasPorBloque = 100;
 
 // The faults counted by the processing; a record with one is dropped (band and frequency
 // both missing excepted: that one is counted and the record kept).

@@ -362,15 +362,30 @@ qint64 Almacen::Privado::Insertar(const QString &sql, const QVariantList &valore
 bool Almacen::Privado::EnBloque(const std::function<bool()> &trabajo)
 {
     pagina.valida = false;
-    if (!Directa(QStringLiteral("SAVEPOINT almacen")))
+    // Prepared once: a block may stand around every row of a load.
+    const auto correr = [this](const char *sql) { return Correr(sql, {}) != nullptr; };
+    if (!correr("SAVEPOINT almacen"))
         return false;
     if (trabajo())
-        return Directa(QStringLiteral("RELEASE almacen"));
+        return correr("RELEASE almacen");
     const QString causa = error;
-    Directa(QStringLiteral("ROLLBACK TO almacen"));
-    Directa(QStringLiteral("RELEASE almacen"));
+    correr("ROLLBACK TO almacen");
+    correr("RELEASE almacen");
     error = causa;
     return false;
+}
+
+Sentencia *Almacen::Privado::Correr(const char *sql, const std::function<void(Sentencia &)> &ligar)
+{
+    Sentencia *s = Motor(sql);
+    if (!s)
+        return nullptr;
+    if (ligar)
+        ligar(*s);
+    if (s->Ejecutar())
+        return s;
+    error = s->Error();
+    return nullptr;
 }
 
 QStringList Almacen::Privado::Columnas(const QString &tabla)

@@ -49,10 +49,12 @@ public:
     // The import staging table Tabla3: reports cut to 3, Obs to 100, grids trimmed.
     Resultado<qint64> AgregarQSOEspera(const RegistroQSO &qso, const QString &dupe,
                                        const QString &logenUso);
-    // The load of a row staged in Tabla3, moved inside the engine: as AgregarQSOImportado
+    // The load of rows staged in Tabla3, moved inside the engine: as AgregarQSOImportado
     // and ActualizarQSO write the row read back, its date kept as read, a time of hh:mm
     // given its seconds and the upload state made a whole number (empty is 0).
-    Resultado<qint64> AgregarQSODeEspera(qint64 idEspera, const QString &logenUso);
+    // The rows marked "VA" with ids from desde to hasta, added in their order; how many.
+    Resultado<int> AgregarQSOsDeEspera(qint64 desde, qint64 hasta, const QString &logenUso);
+    // The staged row written over QSO id.
     Resultado<> ActualizarQSODeEspera(qint64 id, qint64 idEspera);
     // A placeholder row: only "Nombre Log" set, so the log exists with no QSOs.
     Resultado<qint64> AgregarLogVacio(const QString &log);

@@ -17,22 +17,41 @@ const char *const kInsertarEspera =
     "\"Nombre Log\", Frecuencia, MiGrid, SuGrid, LbN, Nombre_Sat, Argento, Dupe) "
     "VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)";
 
+// The values of a staged row.
+void LigarEspera(Sentencia &s, const RegistroQSO &qso, const QString &dupe, const QString &log)
+{
+    const QString fecha = FechaParaGuardar(qso.Fecha);
+    const QString rse = qso.RSE.left(3), rsr = qso.RSR.left(3), obs = qso.Obs.left(100);
+    const QString miGrid = SinBlancos(qso.MiGrid), suGrid = SinBlancos(qso.SuGrid);
+    const QString argento = ProvinciaParaGuardar(qso.Estacion);
+    int n = 1;
+    for (const QString *texto : {&qso.Modo, &qso.Banda, &qso.MyCall, &qso.Estacion, &fecha,
+                                 &qso.Hora, &rse, &rsr, &obs, &qso.Operador, &log, &qso.Frecuencia,
+                                 &miGrid, &suGrid, &qso.LbN, &qso.Nombre_Sat, &argento, &dupe})
+        s.Texto(n++, *texto);
+}
+
 // A staged row as the log keeps a QSO, the very conversions of a row read from Tabla3 and
 // written with the store's adds: a column read as empty when NULL; the date read and kept
 // as every date is (FechaDeEspera); a time of hh:mm given its seconds; the upload state as
 // the whole number it starts with, so that a plain file's empty one is 0 (NumeroEntero).
-#define COLUMNAS_DE_ESPERA                                                                         \
-    "IFNULL(Modo,''), IFNULL(Banda,''), IFNULL(MyCall,''), IFNULL(Estacion,''), "                  \
-    "FechaDeEspera(Fecha), CASE WHEN length(Hora)=5 THEN Hora||':00' ELSE IFNULL(Hora,'') END, "   \
-    "IFNULL(RSE,''), IFNULL(RSR,''), IFNULL(Obs,''), IFNULL(Operador,''), "
+// First the columns of the indexes and the counts, named.
+#define CLAVE_DE_ESPERA                                                                            \
+    "IFNULL(Modo,'') AS Modo, IFNULL(Banda,'') AS Banda, IFNULL(MyCall,'') AS MyCall, "            \
+    "IFNULL(Estacion,'') AS Estacion, FechaDeEspera(Fecha) AS Fecha, "                             \
+    "CASE WHEN length(Hora)=5 THEN Hora||':00' ELSE IFNULL(Hora,'') END AS Hora"
+#define RESTO_DE_ESPERA "IFNULL(RSE,''), IFNULL(RSR,''), IFNULL(Obs,''), IFNULL(Operador,'')"
 
-// A new QSO: as AgregarQSOImportado adds one, satellite and province trimmed of blanks.
+// New QSOs: as AgregarQSOImportado adds one, satellite and province trimmed of blanks. Many in
+// one statement: each run of an insert reads and writes the table's counter of ids and opens
+// its indexes, which for a single row costs as much as the row.
 const char *const kAgregarDeEspera =
     "INSERT INTO Tabla1 (Modo, Banda, MyCall, Estacion, Fecha, Hora, RSE, RSR, Obs, Operador, "
     "\"Nombre Log\", Frecuencia, MiGrid, SuGrid, LbN, Nombre_Sat, Argento) "
-    "SELECT " COLUMNAS_DE_ESPERA "?2, IFNULL(Frecuencia,''), IFNULL(MiGrid,''), "
-    "IFNULL(SuGrid,''), NumeroEntero(LbN), trim(IFNULL(Nombre_Sat,''),' '), "
-    "trim(IFNULL(Argento,''),' ') FROM Tabla3 WHERE id=?1";
+    "SELECT " CLAVE_DE_ESPERA ", " RESTO_DE_ESPERA ", ?2, IFNULL(Frecuencia,''), "
+    "IFNULL(MiGrid,''), IFNULL(SuGrid,''), NumeroEntero(LbN), trim(IFNULL(Nombre_Sat,''),' '), "
+    "trim(IFNULL(Argento,''),' ') FROM Tabla3 WHERE id BETWEEN ?1 AND ?3 AND "
+    "Dupe='VA' COLLATE BINARY ORDER BY id";
 
 // A duplicate replaced: as ActualizarQSO writes one, every column but the log's name. In two
 // statements: the columns of no index and no count first; then those of the indexes, only
@@ -41,20 +60,19 @@ const char *const kAgregarDeEspera =
 // the cost of a replaced row.
 const char *const kActualizarDeEspera =
     "UPDATE Tabla1 SET (RSE, RSR, Obs, Operador, MiGrid, SuGrid, Frecuencia, LbN, Nombre_Sat, "
-    "Argento) = (SELECT IFNULL(RSE,''), IFNULL(RSR,''), IFNULL(Obs,''), IFNULL(Operador,''), "
-    "IFNULL(MiGrid,''), IFNULL(SuGrid,''), IFNULL(Frecuencia,''), NumeroEntero(LbN), "
-    "IFNULL(Nombre_Sat,''), IFNULL(Argento,'') FROM Tabla3 WHERE id=?1) WHERE id=?2";
+    "Argento) = (SELECT " RESTO_DE_ESPERA ", IFNULL(MiGrid,''), IFNULL(SuGrid,''), "
+    "IFNULL(Frecuencia,''), NumeroEntero(LbN), IFNULL(Nombre_Sat,''), IFNULL(Argento,'') "
+    "FROM Tabla3 WHERE id=?1) WHERE id=?2";
 const char *const kActualizarClaveDeEspera =
     "UPDATE Tabla1 SET Modo=e.Modo, Banda=e.Banda, MyCall=e.MyCall, Estacion=e.Estacion, "
-    "Fecha=e.Fecha, Hora=e.Hora FROM (SELECT IFNULL(Modo,'') AS Modo, IFNULL(Banda,'') AS Banda, "
-    "IFNULL(MyCall,'') AS MyCall, IFNULL(Estacion,'') AS Estacion, FechaDeEspera(Fecha) AS Fecha, "
-    "CASE WHEN length(Hora)=5 THEN Hora||':00' ELSE IFNULL(Hora,'') END AS Hora FROM Tabla3 "
-    "WHERE id=?1) AS e WHERE Tabla1.id=?2 AND (Tabla1.Modo IS NOT e.Modo COLLATE BINARY OR "
-    "Tabla1.Banda IS NOT e.Banda COLLATE BINARY OR Tabla1.MyCall IS NOT e.MyCall COLLATE BINARY "
-    "OR Tabla1.Estacion IS NOT e.Estacion COLLATE BINARY OR Tabla1.Fecha IS NOT e.Fecha COLLATE "
-    "BINARY OR Tabla1.Hora IS NOT e.Hora COLLATE BINARY)";
+    "Fecha=e.Fecha, Hora=e.Hora FROM (SELECT " CLAVE_DE_ESPERA " FROM Tabla3 WHERE id=?1) AS e "
+    "WHERE Tabla1.id=?2 AND (Tabla1.Modo IS NOT e.Modo COLLATE BINARY OR Tabla1.Banda IS NOT "
+    "e.Banda COLLATE BINARY OR Tabla1.MyCall IS NOT e.MyCall COLLATE BINARY OR Tabla1.Estacion "
+    "IS NOT e.Estacion COLLATE BINARY OR Tabla1.Fecha IS NOT e.Fecha COLLATE BINARY OR "
+    "Tabla1.Hora IS NOT e.Hora COLLATE BINARY)";
 
-#undef COLUMNAS_DE_ESPERA
+#undef CLAVE_DE_ESPERA
+#undef RESTO_DE_ESPERA
 
 } // namespace
 
@@ -83,21 +101,9 @@ QVector<Almacen::MomentoQSO> Almacen::MomentosCandidatos(const QString &log, con
 Resultado<qint64> Almacen::AgregarQSOEspera(const RegistroQSO &qso, const QString &dupe,
                                             const QString &logenUso)
 {
-    if (Sentencia *s = d->Motor(kInsertarEspera)) {
-        const QString fecha = FechaParaGuardar(qso.Fecha);
-        const QString rse = qso.RSE.left(3), rsr = qso.RSR.left(3), obs = qso.Obs.left(100);
-        const QString miGrid = SinBlancos(qso.MiGrid), suGrid = SinBlancos(qso.SuGrid);
-        const QString argento = ProvinciaParaGuardar(qso.Estacion);
-        int n = 0;
-        for (const QString *texto :
-             {&qso.Modo, &qso.Banda, &qso.MyCall, &qso.Estacion, &fecha, &qso.Hora, &rse, &rsr,
-              &obs, &qso.Operador, &logenUso, &qso.Frecuencia, &miGrid, &suGrid, &qso.LbN,
-              &qso.Nombre_Sat, &argento, &dupe})
-            s->Texto(++n, *texto);
-        if (s->Ejecutar())
-            return s->UltimoId();
-        d->error = s->Error();
-    }
+    if (Sentencia *s =
+            d->Correr(kInsertarEspera, [&](Sentencia &s) { LigarEspera(s, qso, dupe, logenUso); }))
+        return s->UltimoId();
     return d->FalloCon(
         QStringLiteral("No se pudo preparar la importación del QSO con %1.").arg(qso.Estacion));
 }
@@ -113,47 +119,31 @@ QVector<Almacen::MarcaEspera> Almacen::MarcasEspera()
     return marcas;
 }
 
-Resultado<qint64> Almacen::AgregarQSODeEspera(qint64 idEspera, const QString &logenUso)
+Resultado<int> Almacen::AgregarQSOsDeEspera(qint64 desde, qint64 hasta, const QString &logenUso)
 {
     d->FinDeCargaMasiva();
     d->pagina.valida = false;
-    if (Sentencia *s = d->Motor(kAgregarDeEspera)) {
-        s->Entero(1, idEspera);
-        s->Texto(2, logenUso);
-        if (s->Ejecutar())
-            return s->UltimoId();
-        d->error = s->Error();
-    }
-    QString estacion;
-    if (Sentencia *s = d->Motor("SELECT Estacion FROM Tabla3 WHERE id=?")) {
-        s->Entero(1, idEspera);
-        if (s->Fila())
-            estacion = s->TextoEn(0);
-        s->Reiniciar();
-    }
-    return d->FalloCon(QStringLiteral("No se pudo importar el QSO con %1.").arg(estacion));
+    if (Sentencia *s = d->Correr(kAgregarDeEspera, [&](Sentencia &s) {
+            s.Entero(1, desde);
+            s.Texto(2, logenUso);
+            s.Entero(3, hasta);
+        }))
+        return s->Cambios();
+    return d->FalloCon(QStringLiteral("No se pudieron importar los QSOs."));
 }
 
 Resultado<> Almacen::ActualizarQSODeEspera(qint64 id, qint64 idEspera)
 {
     d->FinDeCargaMasiva();
-    d->pagina.valida = false;
-    // Both statements or neither, through a savepoint prepared once: the row is never left
-    // half written, in the caller's transaction or out of one.
-    Sentencia *inicio = d->Motor("SAVEPOINT reemplazo");
-    Sentencia *datos = d->Motor(kActualizarDeEspera);
-    Sentencia *clave = d->Motor(kActualizarClaveDeEspera);
-    Sentencia *fin = d->Motor("RELEASE reemplazo");
-    Sentencia *atras = d->Motor("ROLLBACK TO reemplazo");
-    if (inicio && datos && clave && fin && atras && inicio->Ejecutar()) {
-        for (Sentencia *s : {datos, clave}) {
-            s->Entero(1, idEspera);
-            s->Entero(2, id);
-        }
-        if (datos->Ejecutar() && clave->Ejecutar() && fin->Ejecutar())
-            return {};
-        d->error = (datos->Fallo() ? datos : clave->Fallo() ? clave : fin)->Error();
-        static_cast<void>(atras->Ejecutar() && fin->Ejecutar());
-    }
+    const auto ligar = [&](Sentencia &s) {
+        s.Entero(1, idEspera);
+        s.Entero(2, id);
+    };
+    // Both statements or neither: the row is never left half written.
+    if (d->EnBloque([&] {
+            return d->Correr(kActualizarDeEspera, ligar) &&
+                   d->Correr(kActualizarClaveDeEspera, ligar);
+        }))
+        return {};
     return d->FalloCon(QStringLiteral("No se pudo guardar el QSO #%1.").arg(id));
 }

@@ -139,6 +139,10 @@ struct Almacen::Privado
     // The statement of the engine's own interface for that text, prepared on first use and
     // ready to run; nullptr when it cannot be, with the engine's words in error.
     almacen::Sentencia *Motor(const char *sql);
+    // That statement run to its end, its values bound by ligar: the statement, which tells
+    // the rows changed and the id added, or nullptr with the engine's words in error.
+    almacen::Sentencia *Correr(const char *sql,
+                               const std::function<void(almacen::Sentencia &)> &ligar);
     // A statement with no values and no rows (schema, pragmas, savepoints).
     bool Directa(const QString &sql);
     // A write; it forgets the page read last.

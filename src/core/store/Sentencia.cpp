@@ -151,6 +151,11 @@ QString Sentencia::Error() const
                  : QStringLiteral("La base de datos no está abierta.");
 }
 
+int Sentencia::Cambios() const
+{
+    return sqlite3_changes(base_);
+}
+
 qint64 Sentencia::UltimoId() const
 {
     return sqlite3_last_insert_rowid(base_);

@@ -53,6 +53,8 @@ public:
     bool Fallo() const { return fallo_; }
     QString Error() const;
 
+    // The rows the last run added, changed or deleted (those of its triggers apart).
+    int Cambios() const;
     // The id of the row the connection added last.
     qint64 UltimoId() const;
     qint64 EnteroEn(int columna) const;

@@ -180,9 +180,13 @@ private Q_SLOTS:
         Hecho(a.AgregarQSO(Qso(u"LU1ABC"_s, u"15/03/2024"_s, u"12:00:00"_s), log));
         RegistroQSO q = Qso(espera[0], u"15/03/2024"_s, espera[1]);
         q.LbN = espera[2], q.Nombre_Sat = espera[3];
-        const qint64 idEspera = Hecho(a.AgregarQSOEspera(q, u"1"_s, log));
-        const qint64 id = reemplaza ? (Hecho(a.ActualizarQSODeEspera(1, idEspera)), 1)
-                                    : Hecho(a.AgregarQSODeEspera(idEspera, log));
+        // The mark of the staged row says which: "VA" is added, any other is left to the
+        // replacement.
+        const qint64 idEspera = Hecho(a.AgregarQSOEspera(q, reemplaza ? u"1"_s : u"VA"_s, log));
+        QCOMPARE(Hecho(a.AgregarQSOsDeEspera(idEspera, idEspera, log)), reemplaza ? 0 : 1);
+        if (reemplaza)
+            Hecho(a.ActualizarQSODeEspera(1, idEspera));
+        const qint64 id = reemplaza ? 1 : 2;
         OtraConexion otra(Archivo());
         QTEST(
             otra(u"SELECT Estacion, Hora, LbN, Nombre_Sat FROM Tabla1 WHERE id=?"_s, {id}).value(0),
@@ -203,7 +207,7 @@ private Q_SLOTS:
         fila("AgregarQSOConcurso",
              u"No se pudo guardar el QSO con LU1ABC en el concurso Fiesta."_s);
         fila("AgregarQSOEspera", u"No se pudo preparar la importación del QSO con LU1ABC."_s);
-        fila("AgregarQSODeEspera", u"No se pudo importar el QSO con LU1ABC."_s);
+        fila("AgregarQSOsDeEspera", u"No se pudieron importar los QSOs."_s);
         fila("ActualizarQSODeEspera", u"No se pudo guardar el QSO #1."_s);
         fila("AgregarLogVacio", u"No se pudo crear el log Nuevo."_s);
         fila("ActualizarQSO", u"No se pudo guardar el QSO #1."_s);
@@ -223,7 +227,7 @@ private Q_SLOTS:
         FilaConcurso c;
         c.NombreLog = u"Fiesta"_s, c.Estacion = u"LU1ABC"_s;
         Hecho(a.AgregarQSOConcurso(c));
-        Hecho(a.AgregarQSOEspera(Qso(u"LU1ABC"_s), {}, u"Diario"_s));
+        Hecho(a.AgregarQSOEspera(Qso(u"LU1ABC"_s), u"VA"_s, u"Diario"_s));
         // Another program forbids every write; the engine gives its reason.
         OtraConexion otra(Archivo());
         for (const char *tabla : {"Tabla1", "Tabla2", "Tabla3"})
@@ -247,8 +251,8 @@ private Q_SLOTS:
             {u"AgregarQSOConcurso"_s, [&] { return a.AgregarQSOConcurso(c).Mensaje(); }},
             {u"AgregarQSOEspera"_s,
              [&] { return a.AgregarQSOEspera(Qso(u"LU1ABC"_s), {}, u"Diario"_s).Mensaje(); }},
-            {u"AgregarQSODeEspera"_s,
-             [&] { return a.AgregarQSODeEspera(1, u"Diario"_s).Mensaje(); }},
+            {u"AgregarQSOsDeEspera"_s,
+             [&] { return a.AgregarQSOsDeEspera(1, 1, u"Diario"_s).Mensaje(); }},
             {u"ActualizarQSODeEspera"_s, [&] { return a.ActualizarQSODeEspera(1, 1).Mensaje(); }},
             {u"AgregarLogVacio"_s, [&] { return a.AgregarLogVacio(u"Nuevo"_s).Mensaje(); }},
             {u"ActualizarQSO"_s, [&] { return a.ActualizarQSO(1, Qso(u"LU2XX"_s)).Mensaje(); }},

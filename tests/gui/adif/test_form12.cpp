@@ -16,6 +16,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString Log = u"Pruebas"_s;
+// A file loaded in two whole blocks and part of a third.
+constexpr int kCargados = 2 * kFilasPorBloque + 3;
 
 QByteArray Registros(int n, const QByteArray &resto = "<STATION_CALLSIGN:6>LU1AAA")
 {
@@ -127,10 +129,13 @@ private Q_SLOTS:
         QTest::addColumn<bool>("si");       // the answer to "Cancela el proceso?"
         QTest::addColumn<int>("espera");
         QTest::addColumn<int>("log");
+        // Processing looks at the window at every row: the stop comes at the third of five.
         QTest::newRow("Esc procesando, sí") << false << false << true << 2 << 0;
         QTest::newRow("cierre procesando, sí") << false << true << true << 2 << 0;
-        QTest::newRow("Esc cargando, sí") << true << false << true << 5 << 3;
-        QTest::newRow("cierre cargando, no") << true << true << false << 5 << 5;
+        // Loading looks at it after every block: the stop comes after the second.
+        QTest::newRow("Esc cargando, sí")
+            << true << false << true << kCargados << 2 * kFilasPorBloque;
+        QTest::newRow("cierre cargando, no") << true << true << false << kCargados << kCargados;
     }
 
     void detener()
@@ -138,17 +143,18 @@ private Q_SLOTS:
         QFETCH(bool, cargando);
         QFETCH(bool, cierre);
         QFETCH(bool, si);
-        Ventana v(Registros(5));
+        const int registros = cargando ? kCargados : 5;
+        Ventana v(Registros(registros));
         v.f.show();
-        // The operator acts while the third row of the stage pumps the events; the measuring
-        // pumps each of the file's seven lines twice before.
-        int filas = 0;
-        const int tercera = cargando ? 3 : 7 + 7 + 3;
+        // The measuring pumps each of the file's lines (its records and two of header) twice
+        // before the processing does.
+        int veces = 0;
+        const int cuando = cargando ? 2 : 2 * (registros + 2) + 3;
         v.d().respuestasSiNo.enqueue(si);
         if (cargando)
             v.f.Command1->click();
         v.p.falsos.bomba->alBombear = [&] {
-            if (++filas == tercera)
+            if (++veces == cuando)
                 cierre ? void(v.f.close()) : QTest::keyClick(&v.f, Qt::Key_Escape);
         };
         (cargando ? v.f.Command3 : v.f.Command1)->click();
