@@ -40,13 +40,21 @@ int Volcador::Volcados() const
 
 int Volcador::AlConfirmar(void *volcador, sqlite3 *base, const char *esquema, int paginas)
 {
+    auto *v = static_cast<Volcador *>(volcador);
+    // Pages this commit wrote: the log starts again from nothing once it has been copied.
+    const int escritas = paginas >= v->paginasAntes_ ? paginas - v->paginasAntes_ : paginas;
+    v->paginasAntes_ = paginas;
     if (paginas < kPaginasParaVolcar)
         return SQLITE_OK;
-    auto *v = static_cast<Volcador *>(volcador);
-    if (v->fallido_)
-        sqlite3_wal_checkpoint(base, esquema); // what the engine does by itself
-    else
+    // A large commit is copied by the thread. After a small one the copy is done here, as the
+    // engine does it by itself: a few pages, and only then does the log start again from
+    // nothing at the next write; left to the thread, commits one after another would always
+    // find the last one not yet copied, and the log would grow for as long as they come.
+    // While the thread copies, this returns at once.
+    if (escritas >= kPaginasParaVolcar && !v->fallido_)
         v->Pedir();
+    else
+        sqlite3_wal_checkpoint(base, esquema);
     return SQLITE_OK;
 }
 

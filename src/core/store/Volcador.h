@@ -19,9 +19,9 @@ namespace almacen {
 class Volcador
 {
 public:
-    // From now on the connection's commits no longer copy the log themselves: a commit that
-    // leaves the log with as many pages as the engine would have copied at wakes this thread.
-    // The thread starts with the first such commit.
+    // From now on a commit that writes as many pages as the engine would let the log hold
+    // before copying it no longer copies the log itself: it wakes this thread, which starts
+    // with the first such commit. Smaller commits copy it as the engine always did.
     explicit Volcador(sqlite3 *base);
     // Waits for a copy under way, then closes the thread's connection: before the connection
     // of the store closes, which as the last one copies what is left and removes the log.
@@ -44,6 +44,7 @@ private:
     std::condition_variable aviso_;
     bool pedido_ = false;
     bool fin_ = false;
+    int paginasAntes_ = 0; // in the log after the commit before; of the store's thread only
     // The thread could not open its connection: the commits copy the log again themselves.
     std::atomic<bool> fallido_ = false;
     int volcados_ = 0;
