@@ -32,12 +32,6 @@ Volcador::~Volcador()
         hilo_.join();
 }
 
-int Volcador::Volcados() const
-{
-    std::lock_guard cerrojo(mutex_);
-    return volcados_;
-}
-
 int Volcador::AlConfirmar(void *volcador, sqlite3 *base, const char *esquema, int paginas)
 {
     auto *v = static_cast<Volcador *>(volcador);
@@ -93,7 +87,6 @@ void Volcador::Trabajar()
         // store's connection goes on reading and writing meanwhile.
         sqlite3_wal_checkpoint_v2(base, nullptr, SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr);
         cerrojo.lock();
-        ++volcados_;
     }
     cerrojo.unlock();
     sqlite3_close(base);

@@ -29,9 +29,6 @@ public:
     Volcador(const Volcador &) = delete;
     Volcador &operator=(const Volcador &) = delete;
 
-    // Copies of the log finished, for the tests.
-    int Volcados() const;
-
 private:
     static int AlConfirmar(void *volcador, sqlite3 *, const char *, int paginas);
     void Pedir();
@@ -40,14 +37,13 @@ private:
     sqlite3 *base_;
     QByteArray archivo_;
     std::thread hilo_;
-    mutable std::mutex mutex_;
+    std::mutex mutex_;
     std::condition_variable aviso_;
     bool pedido_ = false;
     bool fin_ = false;
     int paginasAntes_ = 0; // in the log after the commit before; of the store's thread only
     // The thread could not open its connection: the commits copy the log again themselves.
     std::atomic<bool> fallido_ = false;
-    int volcados_ = 0;
 };
 
 } // namespace almacen
