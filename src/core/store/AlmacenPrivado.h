@@ -137,7 +137,8 @@ struct Almacen::Privado
     // rows and finishes it, so that no read stays open.
     QSqlQuery *Preparar(const QString &sql, const QVariantList &valores);
     // The statement of the engine's own interface for that text, prepared on first use and
-    // ready to run; nullptr when it cannot be, with the engine's words in error.
+    // ready to run; nullptr when it cannot be, with the engine's words in error. It is kept
+    // by the text's address: a literal, or a text that lives as long as the program.
     almacen::Sentencia *Motor(const char *sql);
     // That statement run to its end, its values bound by ligar: the statement, which tells
     // the rows changed and the id added, or nullptr with the engine's words in error.
