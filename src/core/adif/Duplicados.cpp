@@ -1,23 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/adif/Duplicados.h"
 
+#include "core/rules/Numeros.h"
 #include "core/rules/Validacion.h"
 #include "core/store/Almacen.h"
 
 namespace {
-
-// The number written with the digits t[desde, desde + n), or -1.
-int Digitos(const QString &t, int desde, int n)
-{
-    int valor = 0;
-    for (int i = desde; i < desde + n; ++i) {
-        const char16_t c = t[i].unicode();
-        if (c < u'0' || c > u'9')
-            return -1;
-        valor = valor * 10 + (c - u'0');
-    }
-    return valor;
-}
 
 // Minutes since the start of the Julian calendar, seconds dropped. The forms the store and the
 // import give, "dd/mm/yyyy" and "hh:mm[:ss]", are read here at once: every candidate of every QSO

@@ -40,25 +40,12 @@ void Campo(QByteArray &s, const char *etiqueta, QStringView valor)
         *p++ = char(c.unicode());
 }
 
-// The digits of s[desde, desde + n), or -1 when one is not an ASCII digit.
-int Numero(QStringView s, qsizetype desde, qsizetype n)
-{
-    int valor = 0;
-    for (qsizetype i = desde; i < desde + n; ++i) {
-        const char16_t c = s[i].unicode();
-        if (c < u'0' || c > u'9')
-            return -1;
-        valor = valor * 10 + (c - u'0');
-    }
-    return valor;
-}
-
 // <QSO_DATE: of a "dd/mm/yyyy" date. A text that is no such date goes out as it stands,
 // its '/' taken out: a backup keeps whatever the store holds.
 void CampoFecha(QByteArray &s, const QString &fecha)
 {
     if (fecha.size() == 10 && fecha.at(2) == QLatin1Char('/') && fecha.at(5) == QLatin1Char('/') &&
-        QDate::isValid(Numero(fecha, 6, 4), Numero(fecha, 3, 2), Numero(fecha, 0, 2))) {
+        QDate::isValid(Digitos(fecha, 6, 4), Digitos(fecha, 3, 2), Digitos(fecha, 0, 2))) {
         const QChar *f = fecha.constData();
         const char digitos[8] = {char(f[6].unicode()), char(f[7].unicode()), char(f[8].unicode()),
                                  char(f[9].unicode()), char(f[3].unicode()), char(f[4].unicode()),
@@ -74,7 +61,7 @@ void CampoFecha(QByteArray &s, const QString &fecha)
 void CampoHora(QByteArray &s, const QString &hora)
 {
     if (hora.size() == 8 && hora.at(2) == QLatin1Char(':') && hora.at(5) == QLatin1Char(':') &&
-        Numero(hora, 0, 2) >= 0 && Numero(hora, 3, 2) >= 0) {
+        Digitos(hora, 0, 2) >= 0 && Digitos(hora, 3, 2) >= 0) {
         const QChar *h = hora.constData();
         const char digitos[4] = {char(h[0].unicode()), char(h[1].unicode()), char(h[3].unicode()),
                                  char(h[4].unicode())};

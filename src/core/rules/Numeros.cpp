@@ -44,3 +44,15 @@ double NumeroInicial(const QString &texto)
     const double valor = QStringView(texto).mid(inicio, i - inicio).toDouble(&ok);
     return ok ? valor : 0.0;
 }
+
+int Digitos(QStringView s, qsizetype desde, qsizetype n)
+{
+    int valor = 0;
+    for (qsizetype i = desde; i < desde + n; ++i) {
+        const char16_t c = s[i].unicode();
+        if (c < u'0' || c > u'9')
+            return -1;
+        valor = valor * 10 + (c - u'0');
+    }
+    return valor;
+}

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/store/Almacen.h"
+#include "core/rules/Numeros.h"
 #include "core/store/AlmacenPrivado.h"
 
 #include <QDate>
@@ -141,19 +142,6 @@ const char *const kIndices[] = {
     "CREATE INDEX IF NOT EXISTS Tabla2_Log ON Tabla2 (\"Nombre Log\", Modo, Banda, Estacion)",
 };
 
-// The number written with the ASCII digits s[desde, desde + n), or -1 when one is not a digit.
-int Numero(QStringView s, qsizetype desde, qsizetype n)
-{
-    int valor = 0;
-    for (qsizetype i = desde; i < desde + n; ++i) {
-        const char16_t c = s[i].unicode();
-        if (c < u'0' || c > u'9')
-            return -1;
-        valor = valor * 10 + (c - u'0');
-    }
-    return valor;
-}
-
 bool EsFecha(int anio, int mes, int dia)
 {
     return anio >= 0 && mes >= 0 && dia >= 0 && QDate::isValid(anio, mes, dia);
@@ -163,13 +151,13 @@ bool EsFecha(int anio, int mes, int dia)
 bool EsFechaDMY(QStringView f)
 {
     return f.size() == 10 && f[2] == u'/' && f[5] == u'/' &&
-           EsFecha(Numero(f, 6, 4), Numero(f, 3, 2), Numero(f, 0, 2));
+           EsFecha(Digitos(f, 6, 4), Digitos(f, 3, 2), Digitos(f, 0, 2));
 }
 
 bool EsFechaISO(QStringView f)
 {
     return f.size() == 10 && f[4] == u'-' && f[7] == u'-' &&
-           EsFecha(Numero(f, 0, 4), Numero(f, 5, 2), Numero(f, 8, 2));
+           EsFecha(Digitos(f, 0, 4), Digitos(f, 5, 2), Digitos(f, 8, 2));
 }
 
 // The ten characters of one date form put in the order of the other: the groups of
